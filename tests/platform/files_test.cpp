@@ -1,0 +1,207 @@
+#include "platform/files.h"
+
+#include <gmock/gmock.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include "platform/child_process.h"
+#include "platform/failure.h"
+#include "platform/temporary_directory.h"
+
+namespace tabulon {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+
+class FilesTest : public testing::Test {
+  protected:
+    void Make(const std::string& name, std::string_view bytes = "x") { WriteFile(dir / name, bytes); }
+    std::vector<std::string> Matching(std::string_view pattern) const {
+        std::vector<std::string> names;
+        for (const auto& file : FilesMatching(dir.Path(), pattern)) names.push_back(file.filename().string());
+        return names;
+    }
+
+    test::TemporaryDirectory dir;
+};
+
+template <class Operation>
+int FailureOf(Operation&& operation) {
+    try {
+        operation();
+    } catch (const Failure& failure) {
+        return failure.Number();
+    }
+    return 0;
+}
+
+TEST(FileNameTest, OnlyABareNameIsTaken) {
+    const struct {
+        std::string name;
+        bool bare;
+    } rows[] = {
+        {"DEFAULT.BMP", true},
+        {"{7C6EC008}.dat", true},
+        {"a b.txt", true},
+        {"...", true},
+        {".x", true},
+        {"a..b", true},
+        {"caf\xC3\xA9", true},
+        {"\xE9.txt", true},
+        {"CONSOLE", true},
+        {"com10", true},
+        {"xNUL", true},
+        {"COM0", true},
+        {std::string(255, 'x'), true},
+        {"", false},
+        {".", false},
+        {"..", false},
+        {"../x", false},
+        {"a/b", false},
+        {"/etc/passwd", false},
+        {"a\\b", false},
+        {"..\\x", false},
+        {"C:x", false},
+        {"x:stream", false},
+        {"a\nb", false},
+        {"a\x7F", false},
+        {std::string("a\0.txt", 6), false},
+        {std::string(256, 'x'), false},
+        {"NUL", false},
+        {"nul.txt", false},
+        {"Con", false},
+        {"CON .txt", false},
+        {"com1", false},
+        {"LPT9.a.b", false},
+        {"aux.", false},
+        {"PRN", false},
+        {"conin$", false},
+    };
+    for (const auto& row : rows) EXPECT_EQ(IsBareFileName(row.name), row.bare) << row.name;
+}
+
+TEST_F(FilesTest, FindsTheExactNameBeforeOthers) {
+    Make("Board.bmp");
+    EXPECT_EQ(FindFile(dir.Path(), "BOARD.BMP"), dir / "Board.bmp");
+    Make("BOARD.BMP");
+    EXPECT_EQ(FindFile(dir.Path(), "BOARD.BMP"), dir / "BOARD.BMP");
+    EXPECT_EQ(FindFile(dir.Path(), "Board.bmp"), dir / "Board.bmp");
+    EXPECT_EQ(FindFile(dir.Path(), "board"), fs::path());
+}
+
+TEST_F(FilesTest, FindsNoFoldersAndNothingElsewhere) {
+    fs::create_directory(dir / "sub");
+    Make("sub/x");
+    EXPECT_EQ(FindFile(dir.Path(), "sub"), fs::path());
+    EXPECT_EQ(FindFile(dir.Path(), "SUB"), fs::path());
+    EXPECT_EQ(FindFile(dir.Path(), "sub/x"), fs::path());
+    EXPECT_EQ(FindFile(dir / "sub", "../sub/x"), fs::path());
+    EXPECT_EQ(FindFile(dir / "missing", "x"), fs::path());
+}
+
+TEST_F(FilesTest, MatchesPatternsWithoutCase) {
+    for (const char* name : {"a.gam", "B.GAM", ".gam", "a.gamx", "agam", "{1}.dat", "{}.DAT", "{1.dat"})
+        Make(name);
+    EXPECT_THAT(Matching("*.gam"), UnorderedElementsAre("a.gam", "B.GAM", ".gam"));
+    EXPECT_THAT(Matching("{*}.dat"), UnorderedElementsAre("{1}.dat", "{}.DAT"));
+    EXPECT_THAT(Matching("A.gam"), UnorderedElementsAre("a.gam"));
+    EXPECT_THAT(Matching("*gam.gam"), IsEmpty());
+    EXPECT_THAT(FilesMatching(dir / "missing", "*"), IsEmpty());
+    EXPECT_THAT(FilesMatching(dir / "a.gam", "*"), IsEmpty());
+}
+
+TEST_F(FilesTest, DeletesOnlyFilesOfTheFolderItself) {
+    const test::TemporaryDirectory elsewhere;
+    WriteFile(elsewhere / "x.txt", "x");
+    fs::create_symlink(elsewhere / "x.txt", dir / "link.txt");
+    fs::create_symlink(elsewhere.Path(), dir / "folder.txt");
+    fs::create_directory(dir / "sub.txt");
+    Make("1.txt");
+    Make("2.TXT");
+    Make("keep.dat");
+    DeleteMatching(dir.Path(), "*.txt");
+    EXPECT_TRUE(FileExists(elsewhere / "x.txt"));
+    EXPECT_TRUE(fs::exists(dir / "sub.txt"));
+    EXPECT_THAT(Matching("*"), UnorderedElementsAre("keep.dat"));
+    DeleteMatching(dir / "missing", "*");
+}
+
+TEST_F(FilesTest, ReadsWhatWasWritten) {
+    const std::string bytes = std::string("\0\xFF\r\n", 4) + std::string(100000, 'x');
+    Make("f", bytes);
+    EXPECT_EQ(ReadFile(dir / "f", bytes.size()), bytes);
+    EXPECT_EQ(FailureOf([&] { ReadFile(dir / "f", bytes.size() - 1); }), 51);
+    Make("f", "");
+    EXPECT_EQ(ReadFile(dir / "f", 0), "");
+    AppendToFile(dir / "f", "ab");
+    AppendToFile(dir / "f", "cd");
+    AppendToFile(dir / "new", "ef");
+    EXPECT_EQ(ReadFile(dir / "f", 9), "abcd");
+    EXPECT_EQ(ReadFile(dir / "new", 9), "ef");
+}
+
+TEST_F(FilesTest, FailsByWhatIsWrong) {
+    Make("file");
+    fs::create_directory(dir / "folder");
+    mkfifo((dir / "pipe").c_str(), 0666);
+    const struct {
+        const char* name;
+        int read, append, write;  // failure numbers
+    } rows[] = {{"missing", 53, 0, 0},
+                {"no folder/x", 53, 76, 76},
+                {"file/x", 76, 76, 76},
+                {"folder", 57, 70, 70},
+                {"pipe", 57, 57, 0}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(FailureOf([&] { ReadFile(dir / row.name, 99); }), row.read);
+        EXPECT_EQ(FailureOf([&] { AppendToFile(dir / row.name, "x"); }), row.append);
+        EXPECT_EQ(FailureOf([&] { WriteFile(dir / row.name, "y"); }), row.write);
+    }
+    EXPECT_EQ(ReadFile(dir / "pipe", 99), "y");
+    EXPECT_THAT(Matching(".*"), IsEmpty());
+}
+
+TEST_F(FilesTest, DoesNotAppendThroughALink) {
+    Make("file");
+    fs::create_symlink(dir / "file", dir / "link");
+    EXPECT_EQ(FailureOf([&] { AppendToFile(dir / "link", "y"); }), 70);
+    EXPECT_EQ(ReadFile(dir / "file", 99), "x");
+}
+
+TEST_F(FilesTest, AFullDiskLeavesTheFormerFile) {
+    Make("file", "former");
+    const test::ChildProcess child([&](auto) {
+        signal(SIGXFSZ, SIG_IGN);
+        const rlimit most{1000, 1000};
+        setrlimit(RLIMIT_FSIZE, &most);
+        return FailureOf([&] { WriteFile(dir / "file", std::string(5000, 'y')); }) == 61;
+    });
+    EXPECT_TRUE(child.Succeeded());
+    EXPECT_EQ(ReadFile(dir / "file", 99), "former");
+    EXPECT_THAT(Matching("*"), UnorderedElementsAre("file"));
+}
+
+TEST_F(FilesTest, WithoutTheRightToWriteNothingChanges) {
+    Make("1.txt", "former");
+    Make("2.txt", "former");
+    chmod((dir / "1.txt").c_str(), 0);
+    chmod(dir.Path().c_str(), 0555);
+    const test::ChildProcess child([&](auto) {
+        if (geteuid() == 0 && setuid(65534) != 0) return false;
+        EXPECT_EQ(FailureOf([&] { ReadFile(dir / "1.txt", 99); }), 70);
+        EXPECT_EQ(FailureOf([&] { WriteFile(dir / "2.txt", "y"); }), 70);
+        EXPECT_EQ(FailureOf([&] { AppendToFile(dir / "3.txt", "y"); }), 70);
+        EXPECT_EQ(FailureOf([&] { DeleteMatching(dir.Path(), "*.txt"); }), 70);
+        return !testing::Test::HasFailure();
+    });
+    EXPECT_TRUE(child.Succeeded());
+    chmod(dir.Path().c_str(), 0755);
+    EXPECT_THAT(Matching("*"), UnorderedElementsAre("1.txt", "2.txt"));
+    EXPECT_EQ(ReadFile(dir / "2.txt", 99), "former");
+}
+
+}  // namespace
+}  // namespace tabulon
