@@ -7,6 +7,7 @@ namespace tabulon {
 
 /// Numbers of the run-time failures that the program itself raises.
 enum class FailureNumber : int {
+    InvalidCall = 5,
     Overflow = 6,
     OutOfMemory = 7,
     SubscriptOutOfRange = 9,
@@ -19,8 +20,13 @@ enum class FailureNumber : int {
     PermissionDenied = 70,
     PathNotFound = 76,
     ObjectNotSet = 91,
+    InvalidUseOfNull = 94,
     InvalidPropertyValue = 380,
+    NotSupported = 438,
+    DuplicateKey = 457,
     InvalidPicture = 481,
+    ItemNotFound = 3265,
+    ElementNotFound = 35601,
     CustomError = -2147220504,
 };
 
