@@ -1,0 +1,145 @@
+#include "packages/archive.h"
+
+#include <algorithm>
+#include <archive.h>
+#include <archive_entry.h>
+#include <locale.h>
+#include <utility>
+
+#include "packages/limits.h"
+#include "platform/failure.h"
+#include "platform/files.h"
+#include "platform/text.h"
+
+namespace tabulon {
+
+namespace {
+
+constexpr std::size_t BlockSize = 64 * 1024;
+
+/// libarchive gives names that are marked as UTF-8 only while the thread's locale has that encoding.
+class Utf8Locale {
+  public:
+    Utf8Locale() : m_before(uselocale(Utf8())) {}
+    ~Utf8Locale() { uselocale(m_before); }
+    Utf8Locale(const Utf8Locale&) = delete;
+    Utf8Locale& operator=(const Utf8Locale&) = delete;
+
+  private:
+    static locale_t Utf8() {
+        static const locale_t utf8 = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+        return utf8;
+    }
+    locale_t m_before;
+};
+
+/// Empty for what is no plain file under a bare name.
+std::string BareName(archive_entry* entry) {
+    const char* name = archive_entry_pathname(entry);
+    if (!name || archive_entry_filetype(entry) != AE_IFREG) return {};
+    std::string text = ToUtf8(name);
+    return IsBareFileName(text) ? text : std::string();
+}
+
+bool BeginsWith(std::string_view name, std::string_view beginning) {
+    return EqualNoCase(name.substr(0, beginning.size()), beginning);
+}
+
+/// The end is open, so each part between stars may be taken at its first place.
+bool BeginsLike(std::string_view name, std::string_view pattern) {
+    for (bool anywhere = false;; anywhere = true) {
+        const std::size_t star = pattern.find('*');
+        const std::string_view part = pattern.substr(0, star);
+        while (anywhere && !name.empty() && !BeginsWith(name, part)) name.remove_prefix(1);
+        if (!BeginsWith(name, part)) return false;
+        if (star == pattern.npos) return true;
+        name.remove_prefix(part.size());
+        pattern.remove_prefix(star + 1);
+    }
+}
+
+}  // namespace
+
+void Archive::Closer::operator()(archive* reader) const { archive_read_free(reader); }
+
+Archive::Archive(std::filesystem::path file) : m_file(std::move(file)) { ListEntries(); }
+
+std::optional<std::size_t> Archive::FindFirst(std::string_view pattern) const {
+    const auto found =
+        std::ranges::find_if(m_names, [&](const std::string& name) { return BeginsLike(name, pattern); });
+    if (found == m_names.end()) return std::nullopt;
+    return static_cast<std::size_t>(found - m_names.begin());
+}
+
+std::string Archive::Read(std::size_t entry) {
+    GoTo(entry);
+    return ReadData(m_names[entry]);
+}
+
+bool Archive::Open() {
+    m_reader.reset(archive_read_new());
+    m_next = 0;
+    m_headers = 0;
+    archive_read_support_format_zip_seekable(m_reader.get());
+    archive_read_add_passphrase(m_reader.get(), PackagePassword);
+    return archive_read_open_filename(m_reader.get(), m_file.c_str(), BlockSize) == ARCHIVE_OK;
+}
+
+void Archive::ListEntries() {
+    if (!Open()) return;
+    std::uint64_t total = 0;
+    for (std::string name = NextName(); !name.empty(); name = NextName()) {
+        total += m_size;
+        if (total > limits::ArchiveBytes) Fail(name, "the archive holds too much");
+        m_names.push_back(std::move(name));
+    }
+    m_reader.reset();
+}
+
+std::string Archive::NextName() {
+    const Utf8Locale locale;
+    archive_entry* entry = nullptr;
+    for (int status = ARCHIVE_OK; status != ARCHIVE_EOF && status != ARCHIVE_FATAL;) {
+        if (++m_headers > limits::ArchiveEntries) Fail("", "the archive has too many entries");
+        status = archive_read_next_header(m_reader.get(), &entry);
+        std::string name = status >= ARCHIVE_WARN && status != ARCHIVE_EOF ? BareName(entry) : std::string();
+        if (name.empty()) continue;
+        m_size = static_cast<std::uint64_t>(std::max<std::int64_t>(archive_entry_size(entry), 0));
+        ++m_next;
+        return name;
+    }
+    return {};
+}
+
+void Archive::GoTo(std::size_t entry) {
+    if ((!m_reader || m_next > entry) && !Open()) Fail(m_names[entry], "the archive cannot be opened");
+    while (m_next <= entry)
+        if (NextName().empty()) Fail(m_names[entry], "the archive has changed");
+}
+
+std::string Archive::ReadData(const std::string& name) {
+    if (m_size > limits::EntryBytes) Fail(name, "it is too large");
+    std::string data;
+    const void* block = nullptr;
+    std::size_t size = 0;
+    la_int64_t offset = 0;
+    int status = ARCHIVE_OK;
+    while ((status = archive_read_data_block(m_reader.get(), &block, &size, &offset)) == ARCHIVE_OK) {
+        if (size > m_size - data.size()) Fail(name, "it is larger than the archive says");
+        data.append(static_cast<const char*>(block), size);
+    }
+    if (status != ARCHIVE_EOF) {
+        const char* why = archive_error_string(m_reader.get());
+        Fail(name, why ? why : "it is damaged");
+    }
+    if (data.size() != m_size) Fail(name, "it is smaller than the archive says");
+    return data;
+}
+
+void Archive::Fail(const std::string& name, const std::string& why) {
+    m_reader.reset();
+    throw Failure(FailureNumber::FileIoError,
+                  "\"" + name + "\" in " + m_file.filename().string() + " cannot be unpacked: " + why);
+}
+
+}  // namespace tabulon

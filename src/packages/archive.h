@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+struct archive;
+
+namespace tabulon {
+
+/// The password of all packages and sound archives.
+inline constexpr const char* PackagePassword =
+    "6B0E2D7F1C9A48A3B5D20F7E81C46A93E07D5CB2A1F34D6E9C8B1037F5A2E41D"
+    "D6708B39C2E74F16A9D53BC1087E46F2A35C9D07E1B84C62D39AF0C7E5B1462";
+
+/// A ZIP archive for reading: entries with WinZip AES or the older ZIP encryption under the PackagePassword,
+/// or with none. Entries are those with a bare file name; folders and hostile names are passed over.
+class Archive {
+  public:
+    /// A file that is missing or is no archive has no entries. Fails when the archive breaks a limit.
+    explicit Archive(std::filesystem::path file);
+
+    /// In the order of the file, in UTF-8.
+    const std::vector<std::string>& Names() const { return m_names; }
+    /// The first entry whose name begins like the pattern, in which "*" stands for any text. ASCII case does
+    /// not count.
+    std::optional<std::size_t> FindFirst(std::string_view pattern) const;
+    /// The whole content of an entry. Fails with FileIoError when it cannot be had to its last byte (another
+    /// password, damage) or is larger than it may be. Reading in the order of the file is fastest.
+    std::string Read(std::size_t entry);
+
+  private:
+    struct Closer {
+        void operator()(archive* reader) const;
+    };
+
+    bool Open();
+    void ListEntries();
+    /// Goes on to the next entry with a bare file name; empty at the end.
+    std::string NextName();
+    void GoTo(std::size_t entry);
+    std::string ReadData(const std::string& name);
+    [[noreturn]] void Fail(const std::string& name, const std::string& why);
+
+    std::filesystem::path m_file;
+    std::vector<std::string> m_names;
+    std::unique_ptr<archive, Closer> m_reader;
+    std::size_t m_headers = 0;  // read since the opening
+    std::size_t m_next = 0;     // the entry that NextName gives next
+    std::uint64_t m_size = 0;   // of the entry that NextName gave, as the archive says
+};
+
+}  // namespace tabulon
