@@ -1,0 +1,191 @@
+#include "content/persisted_recordset.h"
+
+#include <algorithm>
+
+#include "packages/limits.h"
+#include "platform/failure.h"
+#include "platform/numbers.h"
+#include "platform/text.h"
+
+namespace tabulon {
+
+namespace {
+
+constexpr std::string_view SchemaNamespace = "uuid:BDC6E3F0-6DA3-11d1-A2A3-00AA00C14882";
+constexpr std::string_view TypeNamespace = "uuid:C2F41010-65B3-11d1-A29F-00AA00C14882";
+constexpr std::string_view RowsetNamespace = "urn:schemas-microsoft-com:rowset";
+constexpr std::string_view RowNamespace = "#RowsetSchema";
+
+[[noreturn]] void Refuse(const std::string& why) {
+    throw Failure(FailureNumber::FileIoError, "The content file cannot be read: " + why);
+}
+
+/// What a prefix is bound to at a node; empty when it is bound to nothing.
+std::string_view NamespaceOf(pugi::xml_node node, std::string_view prefix) {
+    const std::string binding = prefix.empty() ? "xmlns" : "xmlns:" + std::string(prefix);
+    for (; node; node = node.parent())
+        if (const pugi::xml_attribute attribute = node.attribute(binding.c_str())) return attribute.value();
+    return {};
+}
+
+/// Whether the qualified name, read at the node, is the local name in the namespace.
+bool IsName(pugi::xml_node node, std::string_view qualified, std::string_view space, std::string_view local) {
+    const std::size_t colon = qualified.find(':');
+    const bool prefixed = colon != std::string_view::npos;
+    if ((prefixed ? qualified.substr(colon + 1) : qualified) != local) return false;
+    return NamespaceOf(node, prefixed ? qualified.substr(0, colon) : std::string_view()) == space;
+}
+
+bool IsElement(pugi::xml_node node, std::string_view space, std::string_view local) {
+    return node.type() == pugi::node_element && IsName(node, node.name(), space, local);
+}
+
+std::string AttributeOf(pugi::xml_node node, std::string_view space, std::string_view local) {
+    for (const pugi::xml_attribute attribute : node.attributes())
+        if (std::string_view(attribute.name()).ends_with(local) &&
+            IsName(node, attribute.name(), space, local))
+            return attribute.value();
+    return {};
+}
+
+PersistedRecordset::Type TypeNamed(std::string_view name) {
+    using Type = PersistedRecordset::Type;
+    for (const std::string_view whole : {"int", "i1", "i2", "i4", "ui1", "ui2", "ui4"})
+        if (name == whole) return Type::Whole;
+    if (name == "r4") return Type::Single;
+    for (const std::string_view wide : {"r8", "float", "number", "i8", "ui8", "fixed.14.4"})
+        if (name == wide) return Type::Double;
+    return Type::Text;
+}
+
+PersistedRecordset::Type TypeOf(pugi::xml_node attributeType) {
+    std::string name = AttributeOf(attributeType, TypeNamespace, "type");
+    for (const pugi::xml_node child : attributeType.children())
+        if (name.empty() && IsElement(child, SchemaNamespace, "datatype"))
+            name = AttributeOf(child, TypeNamespace, "type");
+    return TypeNamed(name);
+}
+
+/// pugixml knows the wide encodings by their first bytes; text in 8 bits is ours to tell.
+bool IsWide(std::string_view bytes) {
+    return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF") ||
+           bytes.substr(0, 4).find('\0') != std::string_view::npos;
+}
+
+struct DepthGuard final : pugi::xml_tree_walker {
+    bool for_each(pugi::xml_node&) override { return depth() < limits::ContentDepth; }
+};
+
+void Parse(pugi::xml_document& document, const std::string& text) {
+    const pugi::xml_encoding encoding = IsWide(text) ? pugi::encoding_auto : pugi::encoding_utf8;
+    const pugi::xml_parse_result result =
+        document.load_buffer(text.data(), text.size(), pugi::parse_default, encoding);
+    if (!result) Refuse(result.description());
+    DepthGuard guard;
+    if (!document.traverse(guard)) Refuse("its elements are nested too deeply");
+}
+
+}  // namespace
+
+PersistedRecordset::PersistedRecordset(std::string_view bytes) {
+    if (bytes.size() > limits::ContentFileBytes) Refuse("it is too large");
+    m_text = IsWide(bytes) ? std::string(bytes) : ToUtf8(bytes);
+    Parse(m_document, m_text);
+    ReadColumns(m_document.document_element());
+    for (const pugi::xml_node data : m_document.document_element().children())
+        if (IsElement(data, RowsetNamespace, "data")) ReadRows(data);
+}
+
+void PersistedRecordset::ReadColumns(pugi::xml_node root) {
+    for (const pugi::xml_node schema : root.children()) {
+        if (!IsElement(schema, SchemaNamespace, "Schema")) continue;
+        AddColumns(schema);
+        for (const pugi::xml_node element : schema.children())
+            if (IsElement(element, SchemaNamespace, "ElementType")) AddColumns(element);
+    }
+    if (m_columns.empty()) Refuse("it has no columns");
+}
+
+void PersistedRecordset::AddColumns(pugi::xml_node parent) {
+    for (const pugi::xml_node type : parent.children()) {
+        if (!IsElement(type, SchemaNamespace, "AttributeType")) continue;
+        const std::string attribute = type.attribute("name").value();
+        const std::string renamed = AttributeOf(type, RowsetNamespace, "name");
+        m_columns.push_back({renamed.empty() ? attribute : renamed, attribute, TypeOf(type)});
+    }
+}
+
+void PersistedRecordset::ReadRows(pugi::xml_node parent) {
+    for (const pugi::xml_node child : parent.children()) {
+        if (IsElement(child, RowNamespace, "row")) {
+            if (m_rows.size() == limits::Rows) Refuse("it has too many rows");
+            m_rows.emplace_back(*this, child);
+        } else if (IsElement(child, RowsetNamespace, "insert")) {
+            ReadRows(child);
+        }
+    }
+}
+
+const PersistedRecordset::Column* PersistedRecordset::FindColumn(std::string_view name) const {
+    const auto found =
+        std::ranges::find_if(m_columns, [&](const Column& column) { return EqualNoCase(column.Name, name); });
+    return found == m_columns.end() ? nullptr : &*found;
+}
+
+const PersistedRecordset::Column& PersistedRecordset::Required(std::string_view name) const {
+    const Column* column = FindColumn(name);
+    if (!column)
+        throw Failure(FailureNumber::ItemNotFound,
+                      "The content file has no column \"" + std::string(name) + "\"");
+    return *column;
+}
+
+std::string PersistedRecordset::Row::Text(std::string_view column) const {
+    const Column& field = m_table->Required(column);
+    switch (field.DataType) {
+        case Type::Whole:
+            return ToText(tabulon::ToLong(Raw(field)));
+        case Type::Single:
+            return ToText(tabulon::ToSingle(Raw(field)));
+        case Type::Double:
+        case Type::Text:
+            break;
+    }
+    return std::string(Raw(field));
+}
+
+Integer PersistedRecordset::Row::ToInteger(std::string_view column) const {
+    return tabulon::ToInteger(Number(column));
+}
+
+std::int32_t PersistedRecordset::Row::ToLong(std::string_view column) const {
+    return tabulon::ToLong(Number(column));
+}
+
+float PersistedRecordset::Row::ToSingle(std::string_view column) const {
+    return tabulon::ToSingle(Raw(m_table->Required(column)));
+}
+
+bool PersistedRecordset::Row::IsNull(std::string_view column) const {
+    return !m_node.attribute(m_table->Required(column).Attribute.c_str());
+}
+
+int PersistedRecordset::Row::Line() const {
+    const auto end = m_table->m_text.begin() + m_node.offset_debug();
+    return 1 + static_cast<int>(std::count(m_table->m_text.begin(), end, '\n'));
+}
+
+std::string_view PersistedRecordset::Row::Raw(const Column& column) const {
+    const pugi::xml_attribute attribute = m_node.attribute(column.Attribute.c_str());
+    if (!attribute) throw Failure(FailureNumber::InvalidUseOfNull);
+    return attribute.value();
+}
+
+/// A single is rounded to its precision first, as the column would hold it.
+double PersistedRecordset::Row::Number(std::string_view column) const {
+    const Column& field = m_table->Required(column);
+    if (field.DataType == Type::Single) return static_cast<double>(tabulon::ToSingle(Raw(field)));
+    return ToDouble(Raw(field));
+}
+
+}  // namespace tabulon

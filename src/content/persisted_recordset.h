@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <pugixml.hpp>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/integer.h"
+
+namespace tabulon {
+
+/// A table that ADO saved as XML (persistence format of its rowsets): a schema with one s:AttributeType for
+/// each column, and rows under rs:data, those still pending under rs:insert. Read only. Namespaces count,
+/// prefixes do not. Text in 8 bits is UTF-8, or Windows-1252 when it is none or says so.
+class PersistedRecordset {
+  public:
+    /// Fails with FileIoError for what is no such table or breaks a limit.
+    explicit PersistedRecordset(std::string_view bytes);
+
+    enum class Type { Text, Whole, Single, Double };
+
+    struct Column {
+        std::string Name;
+        std::string Attribute;  // what a row's attribute is called
+        Type DataType = Type::Text;
+    };
+
+    class Row {
+      public:
+        Row(const PersistedRecordset& table, pugi::xml_node node) : m_table(&table), m_node(node) {}
+
+        /// The value as text, numbers in their shortest form. All four fail with ItemNotFound for a column
+        /// that the table does not have, with InvalidUseOfNull for a null, with TypeMismatch or Overflow for
+        /// what does not convert.
+        std::string Text(std::string_view column) const;
+        Integer ToInteger(std::string_view column) const;
+        std::int32_t ToLong(std::string_view column) const;
+        float ToSingle(std::string_view column) const;
+
+        bool IsNull(std::string_view column) const;
+        /// Of the file, from 1.
+        int Line() const;
+
+      private:
+        std::string_view Raw(const Column& column) const;
+        double Number(std::string_view column) const;
+
+        const PersistedRecordset* m_table;
+        pugi::xml_node m_node;
+    };
+
+    const std::vector<Column>& Columns() const { return m_columns; }
+    const std::vector<Row>& Rows() const { return m_rows; }
+    /// Names are compared without ASCII case; null when there is no such column.
+    const Column* FindColumn(std::string_view name) const;
+
+    PersistedRecordset(const PersistedRecordset&) = delete;
+    PersistedRecordset& operator=(const PersistedRecordset&) = delete;
+
+  private:
+    const Column& Required(std::string_view name) const;
+    void ReadColumns(pugi::xml_node root);
+    void AddColumns(pugi::xml_node parent);
+    void ReadRows(pugi::xml_node parent);
+
+    std::string m_text;
+    pugi::xml_document m_document;
+    std::vector<Column> m_columns;
+    std::vector<Row> m_rows;
+};
+
+}  // namespace tabulon
