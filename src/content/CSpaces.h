@@ -1,0 +1,72 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "content/collection.h"
+#include "content/content_files.h"
+#include "diagnostics/globals.h"
+#include "packages/modInstallUninstall.h"
+#include "platform/integer.h"
+
+namespace tabulon {
+
+/// One space of a board: a rectangle on its picture, a number along the track, and what it orders.
+struct CSpace {
+    std::string GameDirectory;
+    std::string GameName;
+    Integer Sequence;
+    std::int32_t Top = 0;
+    std::int32_t Left = 0;
+    std::int32_t Height = 0;
+    std::int32_t Width = 0;
+    Integer ActionType;
+    std::string message;
+    float Data1 = 0;
+    Integer Data2;
+};
+
+/// The spaces of a board in the order of their file.
+class CSpaces : private Collection<CSpace> {
+  public:
+    CSpaces(Globals& g, modInstallUninstall& packages) : m_g(g), m_packages(packages) {}
+
+    /// The game's key, and a folder that is carried along.
+    std::string GameDirectory;
+    std::string PlayerPath;
+
+    /// Adds the rows of spaces.xml from the game's package. False when there are none to read or after a
+    /// failure; spaces added before it stay.
+    bool Load();
+    /// A message of one blank counts as none.
+    CSpace& Add(Integer Sequence, std::int32_t Top, std::int32_t Left, std::int32_t Height,
+                std::int32_t Width, Integer ActionType, const std::string& Message, float Data1,
+                Integer Data2, const std::string& Key);
+    /// Changes every space with that number.
+    void SetAction(Integer Sequence, Integer ActionType, const std::string& Message, float Data1,
+                   Integer Data2);
+    /// One above the highest number; 1 for an empty board.
+    Integer NextSequence() const;
+    /// The last space with that number; null when there is none.
+    CSpace* ItemBySequence(Integer Sequence) const;
+    RecordsetDefinition DefineEmptyRS() const;
+    /// Reports a failure unless there are no spaces: it asks for the member `Index`, which a space has not.
+    void RemoveBySequence(Integer Sequence);
+    /// Multiplies all rectangles, rounding half to even. Each call counts.
+    void FactorSpaces(float XFactor, float YFactor);
+
+    using Collection::begin;
+    using Collection::Count;
+    using Collection::end;
+    using Collection::Item;
+    using Collection::Remove;
+
+  private:
+    bool LoadFile();
+    void AddRow(const PersistedRecordset::Row& row);
+
+    Globals& m_g;
+    modInstallUninstall& m_packages;
+};
+
+}  // namespace tabulon
