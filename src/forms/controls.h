@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 #include "forms/picture.h"
@@ -208,6 +209,9 @@ struct RichText : Control {
     tabulon::Font Font;
 };
 
+/// The font that a control shows its text with; null for a kind without text.
+Font* FontOf(Control& control);
+
 /// Fires in event pumps and modal waits, each `Interval` milliseconds while it is enabled.
 struct Timer {
     Timer(Form& form, std::string name, int interval, bool enabled);
@@ -227,9 +231,15 @@ struct Timer {
 template <class T, int Count>
 class ControlArray {
   public:
-    ControlArray(Form& form, std::string_view name, Control* container = nullptr) {
+    ControlArray(Form& form, std::string_view name, Control* container = nullptr)
+        : ControlArray(form, name, [container](int) { return container; }) {}
+
+    /// For controls that stand in several containers.
+    template <class ContainerOf>
+        requires std::is_invocable_r_v<Control*, ContainerOf, int>
+    ControlArray(Form& form, std::string_view name, ContainerOf containerOf) {
         for (int i = 0; i < Count; ++i)
-            m_controls.emplace_back(form, std::string(name) + "(" + std::to_string(i) + ")", container);
+            m_controls.emplace_back(form, std::string(name) + "(" + std::to_string(i) + ")", containerOf(i));
     }
 
     T& operator[](int index) {
