@@ -1,0 +1,213 @@
+#include "board/main_form.h"
+
+namespace tabulon {
+
+namespace {
+
+constexpr float DesignTwipsPerPixel = 15;
+constexpr int RightColumn = 177;
+constexpr int PlateGap = 32;
+constexpr const char* Ordinals[] = {"First", "Second", "Third", "Fourth", "Fifth", "Sixth"};
+
+struct Place {
+    Control* Object;
+    int Left, Top, Width, Height;
+};
+
+/// Where the controls of the form itself stand by design, in pixels.
+std::vector<Place> DesignPlaces(MainForm& form) {
+    return {
+        {&form.cmdMinimizeWindow, 960, 0, 31, 33}, {&form.cmdQuit, 920, 0, 31, 33},
+        {&form.cmdTabulon, 40, 120, 201, 29},      {&form.cmdSoundOff, 545, 5, 40, 29},
+        {&form.cmdSoundOn, 545, 5, 40, 29},        {&form.cmdNew, 280, 40, 57, 57},
+        {&form.cmdRoll, 344, 40, 57, 57},          {&form.cmdSpin, 344, 40, 57, 57},
+        {&form.cmdPass, 344, 40, 57, 57},          {&form.cmdSaveGame, 408, 40, 57, 57},
+        {&form.cmdLoadGame, 472, 40, 57, 57},      {&form.cmdHelp, 536, 40, 57, 57},
+        {&form.imgBoardStrip, 0, 177, 620, 4},     {&form.imgStripEnd, 560, 0, 60, 177},
+        {&form.imgBoardSide, 617, 181, 3, 424},    {&form.imgRound, 640, 0, RightColumn, 181},
+        {&form.lblRound, 664, 15, 88, 26},         {&form.lblGameName, 40, 40, 233, 72},
+        {&form.picOverview, 660, 44, 137, 129},    {&form.picHolder, 0, 0, 81, 33},
+        {&form.picMainBoard, 0, 181, 617, 424},
+    };
+}
+
+void MakeTwin(Button& twin, const char* caption) {
+    twin.Caption = caption;
+    twin.OutOfSight = true;
+    twin.TabStop = false;
+}
+
+void MakePictureButton(PictureButton& button, const char* picture, const char* name, const char* toolTip) {
+    button.Picture = Picture::Product(picture);
+    button.AccessibleName = name;
+    button.ToolTipText = toolTip;
+    button.Enabled = true;
+    button.Visible = true;
+}
+
+}  // namespace
+
+MainForm::MainForm(Globals& g) : Form(g.TheScreen, "frmMain"), m_g(g) { Frame = WindowFrame::FullScreen; }
+
+void MainForm::Design() {
+    const float scale = DesignTwipsPerPixel;
+    for (const Place& place : DesignPlaces(*this)) {
+        place.Object->Move(scale * static_cast<float>(place.Left), scale * static_cast<float>(place.Top),
+                           scale * static_cast<float>(place.Width), scale * static_cast<float>(place.Height));
+    }
+    DesignButtons();
+    DesignBoard();
+    DesignPlates();
+}
+
+void MainForm::DesignButtons() {
+    MakePictureButton(cmdNew, "buttons/new", "New game", "Start a new game");
+    MakePictureButton(cmdRoll, "buttons/roll", "Roll dice", "Roll the dice");
+    MakePictureButton(cmdSpin, "buttons/spin", "Spin slots", "Spin the slots");
+    MakePictureButton(cmdPass, "buttons/pass", "Pass", "Pass this turn");
+    MakePictureButton(cmdSaveGame, "buttons/save", "Save game", "Save this game");
+    MakePictureButton(cmdLoadGame, "buttons/load", "Load game", "Load another game");
+    MakePictureButton(cmdHelp, "buttons/help", "Help", "Get help");
+    MakePictureButton(cmdSoundOff, "buttons/sound-on", "Turn the sound off", "Turn the sound off");
+    MakePictureButton(cmdSoundOn, "buttons/sound-off", "Turn the sound on", "Turn the sound on");
+    MakePictureButton(cmdMinimizeWindow, "buttons/minimize", "Minimize", "Minimize the window");
+    MakePictureButton(cmdQuit, "buttons/quit", "Quit", "Leave the game");
+    MakePictureButton(cmdTabulon, "", "Make your own games", "Make your own games");
+    cmdTabulon.Caption = "Make your own games";
+    cmdRoll.Visible = cmdSpin.Visible = cmdPass.Visible = cmdSoundOn.Visible = false;
+    cmdSaveGame.Enabled = false;
+    MakeTwin(cmdFakeNew, "Ne&w");
+    MakeTwin(cmdFakeLoadGame, "&Load Game");
+    MakeTwin(cmdFakeSaveGame, "&Save Game");
+    MakeTwin(cmdFakeHelp, "&Help");
+    MakeTwin(cmdFakeQuit, "&Quit");
+    MakeTwin(cmdFakeRoll, "");
+}
+
+void MainForm::DesignBoard() {
+    lblRound.ToolTipText = "How many times has everyone gone around the board";
+    lblRound.Font = {"Comic Neue", 14, true};
+    lblRound.ForeColor = PlateColour::Other;
+    lblGameName.Font = {"Comic Neue", 20, true};
+    lblGameName.ForeColor = PlateColour::Other;
+    imgOverview.Move(0, 0, 136, 128);
+    imgOverview.ToolTipText = "You are here, and it's your turn";
+    shpSpaceOverview.Move(0, 0, 17, 17);
+    shpSpaceOverview.FillColor = MarkerDesignColour;
+    shpSpaceOverview.Raise();
+    timerOverviewSpace.Enabled = false;
+    picHolder.Visible = false;
+    for (Shape& space : tpbSpace) space.Filled = false;
+    for (Image& piece : imgPlayingPiece) piece.Move(0, 0, 33, 33);
+    for (Image& die : imgDice) {
+        die.Move(0, 0, 49, 49);
+        die.Visible = false;
+    }
+}
+
+void MainForm::DesignPlates() {
+    for (int i = 0; i < MaxSeats; ++i) {
+        const std::string ordinal = Ordinals[i];
+        const float scale = DesignTwipsPerPixel;
+        const float top = scale * static_cast<float>(191 + i * (48 + PlateGap));
+        imgCharacter[i].Move(scale * 632, top, scale * 48, scale * 48);
+        imgCharacter[i].ToolTipText = ordinal + " player's playing piece";
+        lblName[i].Move(scale * 687, top - scale * 4, scale * 104, scale * 30);
+        lblName[i].ToolTipText = ordinal + " player's name";
+        lblName[i].Font = {"Comic Neue", 12, true};
+        lblName[i].ForeColor = PlateColour::Other;
+        lblPoints[i].Move(scale * 687, top + scale * 28, scale * 104, scale * 20);
+        lblPoints[i].ToolTipText = ordinal + " player's points";
+        lblPoints[i].Font = {"Comic Neue", 11, false};
+        lblPoints[i].ForeColor = PlateColour::Other;
+        lblPoints[i].Visible = false;
+    }
+}
+
+void MainForm::RepositionElements() {
+    Procedure(m_g.gErrHandler, "frmMain:RepositionElements", [&] {
+        if (m_g.SmallFonts) return;
+        for (const Place& place : DesignPlaces(*this)) {
+            PositionObject(m_g, *place.Object, 0, Y(place.Height), X(place.Left), Y(place.Top), X(place.Width));
+        }
+        PositionObject(m_g, cmdTabulon, 8, 0, 0, 0, 0);
+        PositionObject(m_g, lblRound, 11, 0, 0, 0, 0);
+        PositionObject(m_g, lblGameName, 16, 0, 0, 0, 0);
+        for (int i = 0; i < MaxSeats; ++i) {
+            const int top = 191 + i * (48 + PlateGap);
+            PositionObject(m_g, imgCharacter[i], 0, Y(48), X(632), Y(top), X(48));
+            PositionObject(m_g, lblName[i], 10, Y(30), X(687), Y(top - 4), X(104));
+            PositionObject(m_g, lblPoints[i], 9, Y(20), X(687), Y(top + 28), X(104));
+        }
+    });
+}
+
+void MainForm::ResizeObjects() {
+    Procedure(m_g.gErrHandler, "frmMain:ResizeObjects", [&] {
+        if (WindowState == WindowState::Minimised) return;
+        const float screenWidth = X(m_g.TheScreen.WidthPixels());
+        const float screenHeight = Y(m_g.TheScreen.HeightPixels());
+        Left = 0;
+        Top = 0;
+        Width = screenWidth;
+        Height = screenHeight;
+        PlaceRightColumn(screenWidth);
+        PlaceBoard(screenHeight);
+        PlacePlates();
+        PlaceButtons();
+    });
+}
+
+void MainForm::PlaceRightColumn(float screenWidth) {
+    imgRound.Left = screenWidth - X(RightColumn);
+    lblRound.Left = imgRound.Left + X(24);
+    lblRound.Top = imgRound.Top + Y(15);
+    picOverview.Left = imgRound.Left + imgRound.Width / 2 - picOverview.Width / 2;
+    cmdQuit.Left = screenWidth - cmdQuit.Width;
+    cmdMinimizeWindow.Left = cmdQuit.Left - X(3) - cmdMinimizeWindow.Width;
+}
+
+void MainForm::PlaceBoard(float screenHeight) {
+    picMainBoard.Left = 0;
+    picMainBoard.Top = picOverview.Top + picOverview.Height + Y(8);
+    picMainBoard.Height = screenHeight - picMainBoard.Top;
+    picMainBoard.Width = imgRound.Left - X(7);
+    imgBoardStrip.Left = 0;
+    imgBoardStrip.Width = picMainBoard.Width + X(3);
+    imgBoardStrip.Top = picMainBoard.Top - Y(4);
+    imgBoardSide.Left = picMainBoard.Width;
+    imgBoardSide.Top = picMainBoard.Top;
+    imgBoardSide.Height = picMainBoard.Height;
+    imgStripEnd.Left = imgBoardStrip.Width - imgStripEnd.Width;
+    imgStripEnd.Height = imgBoardStrip.Top;
+}
+
+void MainForm::PlacePlates() {
+    const int firstGap = 10;
+    for (int i = 0; i < MaxSeats; ++i) {
+        Image& character = imgCharacter[i];
+        character.Left = picMainBoard.Width + X(15);
+        character.Top = i == 0 ? imgRound.Top + imgRound.Height + Y(firstGap)
+                               : imgCharacter[i - 1].Top + imgCharacter[i - 1].Height + Y(PlateGap);
+        lblName[i].Left = character.Left + character.Width + X(7);
+        lblPoints[i].Left = lblName[i].Left;
+    }
+}
+
+void MainForm::PlaceButtons() {
+    const float edge = imgStripEnd.Left;
+    const float gap = X(7);
+    cmdHelp.Left = edge - X(86);
+    cmdLoadGame.Left = cmdHelp.Left - gap - cmdLoadGame.Width;
+    cmdSaveGame.Left = cmdLoadGame.Left - gap - cmdSaveGame.Width;
+    cmdRoll.Left = cmdSaveGame.Left - gap - cmdRoll.Width;
+    cmdSpin.Left = cmdRoll.Left;
+    cmdPass.Left = cmdRoll.Left;
+    cmdNew.Left = cmdRoll.Left - gap - cmdNew.Width;
+    cmdSoundOff.Left = edge - X(77);
+    cmdSoundOn.Left = cmdSoundOff.Left;
+    lblGameName.Left = cmdTabulon.Left;
+    lblGameName.Width = cmdNew.Left - gap - lblGameName.Left;
+}
+
+}  // namespace tabulon
