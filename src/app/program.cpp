@@ -1,0 +1,46 @@
+#include "app/program.h"
+
+#include <unistd.h>
+
+#include "presentation/modRepositioner.h"
+
+namespace tabulon {
+
+Program::Program(const Machine& machine)
+    : globals(machine),
+      frmMain(globals, {{packages, savedGames, frmGameMusic, dlgMsgOk, dlgMsgYesNo, dlgPlayers, dlgLoadGame, frmSplash},
+                        frmTabulonSplash,
+                        frmSlots,
+                        dlgDrawCard}),
+      dlgPlayers(globals, frmGameMusic, frmMain),
+      dlgInstallGames(globals, packages),
+      dlgLoadGame(globals, packages, savedGames, frmGameMusic, dlgInstallGames, frmMain, frmMain),
+      frmTabulonSplash(globals, frmMain, frmSplash, frmGameMusic, dlgLoadGame),
+      m_dataDirectory(machine.DataDirectory),
+      m_store(machine.Store) {
+    frmTabulonSplash.Abort = [this] { frmMain.Abort(); };
+}
+
+void Program::Main() {
+    Procedure(globals.gErrHandler, "modMain:Main", [&] {
+        globals.AppDir = m_dataDirectory;
+        globals.SmallFonts = IsSmallFonts(globals.TheScreen);
+        WarnOfDataDirectory();
+        frmGameMusic.Load();
+        frmTabulonSplash.Show();
+        frmMain.Load();
+    });
+}
+
+void Program::WarnOfDataDirectory() {
+    std::string trouble = m_store.Trouble();
+    if (trouble.empty() && access(m_dataDirectory.c_str(), W_OK) != 0)
+        trouble = "The folder " + m_dataDirectory.string() + " cannot be written.";
+    if (trouble.empty()) return;
+    globals.TheScreen.MsgBox(trouble +
+                                 "\r\n\r\nGames may not start, and nothing can be saved or installed, until this is "
+                                 "put right. Ask whoever looks after this computer.",
+                             BoxIcon::Exclamation, BoxButtons::Ok, globals.Application.Title);
+}
+
+}  // namespace tabulon
