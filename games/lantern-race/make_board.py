@@ -36,7 +36,9 @@ ACTIONS = {
     "roll-number": 12,
 }
 
-GOOD, BAD, QUIET, SPECIAL = ("#FFE79A", "#F5B52E"), ("#FFC3B4", "#EE7A63"), ("#FFFBEF", "#EBDDBE"), ("#E3D3FA", "#A98BDD")
+# The colours of a space: its face and its edge.
+GOOD, BAD = ("#FFE79A", "#F5B52E"), ("#FFC3B4", "#EE7A63")
+QUIET, SPECIAL = ("#FFFBEF", "#EBDDBE"), ("#E3D3FA", "#A98BDD")
 LOOKS = {
     "nothing": QUIET,
     "forward": GOOD,
@@ -234,14 +236,15 @@ def draw_space(number, space, rects):
     return "\n".join(parts)
 
 
-def trail(rects, begin, end, colour, bend):
-    """A dotted line from one space to another, for the rides that leave the road."""
+def trail(rects, begin, end):
+    """A dotted line from one space to another, for the rides that leave the road: light ones lead onward."""
     (x1, y1), (x2, y2) = middle(rects[begin - 1]), middle(rects[end - 1])
-    path = f"M{x1:.0f} {y1:.0f}Q{(x1 + x2) / 2 + bend[0]:.0f} {(y1 + y2) / 2 + bend[1]:.0f} {x2:.0f} {y2:.0f}"
-    return (
-        f'<path d="{path}" fill="none" stroke="{INK}" stroke-width="13" stroke-dasharray="0 20" stroke-linecap="round"/>'
-        f'<path d="{path}" fill="none" stroke="{colour}" stroke-width="8" stroke-dasharray="0 20" '
+    colour, bend = ("#FFE79A", -60) if end > begin else ("#CFE6F7", 60)
+    path = f"M{x1:.0f} {y1:.0f}Q{(x1 + x2) / 2 + bend:.0f} {(y1 + y2) / 2:.0f} {x2:.0f} {y2:.0f}"
+    return "".join(
+        f'<path d="{path}" fill="none" stroke="{stroke}" stroke-width="{width}" stroke-dasharray="0 20" '
         'stroke-linecap="round"/>'
+        for stroke, width in ((INK, 13), (colour, 8))
     )
 
 
@@ -266,12 +269,9 @@ def board_svg(spaces, rects):
             behind,
             road_strokes,
             *(
-                trail(rects, number, int(space["data1"]), "#FFE79A" if int(space["data1"]) > number else "#CFE6F7", bend)
-                for number, space, bend in (
-                    (number, space, (-60, 0) if int(space["data1"]) > number else (60, 0))
-                    for number, space in enumerate(spaces, 1)
-                    if space["action"] == "go-to"
-                )
+                trail(rects, number, int(space["data1"]))
+                for number, space in enumerate(spaces, 1)
+                if space["action"] == "go-to"
             ),
             *(draw_space(number, space, rects) for number, space in enumerate(spaces, 1)),
             before,
