@@ -1,0 +1,80 @@
+#include "qt/look.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QPalette>
+#include <QStyleFactory>
+#include <algorithm>
+
+namespace tabulon {
+
+namespace {
+
+QPalette PaletteOfTheLook() {
+    QPalette palette(Look::Plate, Look::Teal);
+    palette.setColor(QPalette::WindowText, Look::Cream);
+    palette.setColor(QPalette::Base, Look::Cream);
+    palette.setColor(QPalette::AlternateBase, Look::Mint);
+    palette.setColor(QPalette::Text, Look::Ink);
+    palette.setColor(QPalette::ButtonText, Look::Ink);
+    palette.setColor(QPalette::PlaceholderText, Look::Teal);
+    palette.setColor(QPalette::Highlight, Look::Yellow);
+    palette.setColor(QPalette::HighlightedText, Look::Ink);
+    palette.setColor(QPalette::ToolTipBase, Look::Cream);
+    palette.setColor(QPalette::ToolTipText, Look::Ink);
+    palette.setColor(QPalette::Disabled, QPalette::Base, Look::Mint);
+    return palette;
+}
+
+/// The arrow of a tool button is drawn in the colour of a window's text, but stands on a plate.
+QPalette PaletteOfArrows() {
+    QPalette palette = PaletteOfTheLook();
+    palette.setColor(QPalette::WindowText, Look::Ink);
+    return palette;
+}
+
+/// Ink, cream, yellow, navy, the plates under the mouse and pressed: %1 to %6.
+QString StyleSheet() {
+    return QString(
+               "QPushButton { background: %2; color: %1; border: 2px solid %1; border-radius: 8px;"
+               " padding: 1px 8px; }"
+               "QPushButton:hover { background: %5; }"
+               "QPushButton:pressed { background: %6; }"
+               "QPushButton:focus { border: 3px solid %3; padding: 0px 7px; }"
+               "QPushButton:disabled { background: transparent; color: %2; border: 1px solid %2; }"
+               "QLineEdit, QPlainTextEdit, QListWidget { background: %2; color: %1;"
+               " border: 2px solid %1; border-radius: 4px; }"
+               "QLineEdit:focus, QPlainTextEdit:focus, QListWidget:focus { border-color: %3; }"
+               "QListWidget::item:selected { background: %3; color: %1; }"
+               "QToolTip { background: %2; color: %1; border: 1px solid %4; }")
+        .arg(Look::Ink.name(), Look::Cream.name(), Look::Yellow.name(), Look::Navy.name(),
+             Look::PlateHover.name(), Look::PlatePressed.name());
+}
+
+}  // namespace
+
+QFont Look::NumberFont(int pixelSize) {
+    QFont font;
+    font.setFamilies({"Comic Neue", "Quicksand", "DejaVu Sans"});
+    font.setBold(true);
+    font.setPixelSize(std::max(1, pixelSize));
+    return font;
+}
+
+void Look::ApplyTo(QApplication& application) {
+    application.setStyle(QStyleFactory::create("Fusion"));
+    application.setPalette(PaletteOfTheLook());
+    application.setPalette(PaletteOfArrows(), "QToolButton");
+    application.setStyleSheet(StyleSheet());
+}
+
+/// Yellow shows on the dark ground of a window, the ink inside it on a light button.
+void Look::DrawFocusRing(QPainter& painter, const QRectF& around) {
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(Yellow, 3));
+    painter.drawRoundedRect(around.adjusted(1.5, 1.5, -1.5, -1.5), 8, 8);
+    painter.setPen(QPen(Ink, 1));
+    painter.drawRoundedRect(around.adjusted(3.5, 3.5, -3.5, -3.5), 6, 6);
+}
+
+}  // namespace tabulon

@@ -1,0 +1,67 @@
+#include "qt/text.h"
+
+#include <QFontMetrics>
+#include <QTextDocument>
+#include <algorithm>
+#include <cmath>
+
+namespace tabulon {
+
+namespace {
+constexpr int AnyHeight = 1 << 20;
+}
+
+QString ToQt(std::string_view utf8) {
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+std::string FromQt(const QString& text) { return text.toStdString(); }
+
+QFont ToQt(const Font& font) {
+    QFont result(ToQt(font.Name), std::max(1, font.Size));
+    result.setBold(font.Bold);
+    return result;
+}
+
+QColor ToQt(Colour colour) { return {colour.Red, colour.Green, colour.Blue}; }
+
+QString PlainCaption(std::string_view caption) {
+    const QString text = ToQt(caption);
+    QString plain;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i] == u'&' && i + 1 < text.size()) ++i;
+        plain += text[i];
+    }
+    return plain;
+}
+
+QChar AccessKey(std::string_view caption) {
+    const QString text = ToQt(caption);
+    for (qsizetype i = 0; i + 1 < text.size(); ++i) {
+        if (text[i] != u'&') continue;
+        if (text[++i] != u'&') return text[i].toUpper();
+    }
+    return {};
+}
+
+QString ToolTip(std::string_view text) {
+    const QString plain = ToQt(text);
+    return Qt::mightBeRichText(plain) ? "<p>" + plain.toHtmlEscaped() + "</p>" : plain;
+}
+
+int WrappedTextHeight(const Font& font, std::string_view text, int width) {
+    const QRect room(0, 0, std::max(1, width), AnyHeight);
+    return QFontMetrics(ToQt(font)).boundingRect(room, LabelTextFlags, ToQt(text)).height();
+}
+
+int ToPixels(float units, float unitsPerPixel) {
+    return static_cast<int>(std::lround(units / unitsPerPixel));
+}
+
+QRect ToPixels(const Control& control, float twipsPerPixel) {
+    const float scale = control.Container ? 1 : twipsPerPixel;
+    return {ToPixels(control.Left, scale), ToPixels(control.Top, scale), ToPixels(control.Width, scale),
+            ToPixels(control.Height, scale)};
+}
+
+}  // namespace tabulon

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QRect>
+#include <QString>
+#include <string>
+#include <string_view>
+
+#include "forms/controls.h"
+
+namespace tabulon {
+
+/// How labels are painted and measured: wrapped at words, "&" underlines the next character.
+inline constexpr int LabelTextFlags = Qt::TextWordWrap | Qt::TextShowMnemonic;
+
+QString ToQt(std::string_view utf8);
+std::string FromQt(const QString& text);
+QFont ToQt(const Font& font);
+QColor ToQt(Colour colour);
+
+/// The caption as it is read: access keys without their mark, "&&" as one ampersand.
+QString PlainCaption(std::string_view caption);
+/// The character after the single "&" as a capital; null when there is none.
+QChar AccessKey(std::string_view caption);
+
+/// A tool tip that shows the text as it stands, also where it looks like markup.
+QString ToolTip(std::string_view text);
+
+/// The height in pixels of a label's text that is wrapped at `width` pixels.
+int WrappedTextHeight(const Font& font, std::string_view text, int width);
+
+/// Rounds twips to pixels; a control inside a picture box has pixels already (a scale of 1).
+int ToPixels(float units, float unitsPerPixel);
+QRect ToPixels(const Control& control, float twipsPerPixel);
+
+}  // namespace tabulon
