@@ -1,0 +1,92 @@
+#include "qt/control_view.h"
+
+#include <QMouseEvent>
+#include <algorithm>
+#include <utility>
+
+#include "forms/form.h"
+#include "qt/text.h"
+
+namespace tabulon {
+
+namespace {
+
+bool IsInput(ControlKind kind) {
+    return kind == ControlKind::TextBox || kind == ControlKind::ComboBox || kind == ControlKind::ListBox ||
+           kind == ControlKind::RichText;
+}
+
+/// An input without a name of its own is called what the label before it says.
+QString LabelBefore(const Control& control) {
+    const auto& all = control.Parent.Controls;
+    for (auto at = std::find(all.begin(), all.end(), &control); at != all.begin();) {
+        --at;
+        if ((*at)->Kind == ControlKind::Label) return PlainCaption(static_cast<Label*>(*at)->Caption);
+    }
+    return {};
+}
+
+QString NameOf(const Control& control, const std::string& caption) {
+    if (!control.AccessibleName.empty()) return ToQt(control.AccessibleName);
+    if (!caption.empty()) return PlainCaption(caption);
+    if (!control.ToolTipText.empty()) return ToQt(control.ToolTipText);
+    return IsInput(control.Kind) ? LabelBefore(control) : QString();
+}
+
+}  // namespace
+
+ControlView::ControlView(Control& control, ViewHost& host, QWidget* widget)
+    : m_control(control), m_host(host), m_widget(*widget) {
+    m_widget.setObjectName(ToQt(control.Name));
+    m_widget.setMouseTracking(control.MouseMove != nullptr);
+    m_widget.installEventFilter(this);
+}
+
+void ControlView::Sync(float twipsPerPixel) {
+    m_syncing = true;
+    SyncCommon(twipsPerPixel);
+    SyncOwn();
+    SyncNames();
+    m_syncing = false;
+}
+
+bool ControlView::TakesFocus() const {
+    return m_widget.focusPolicy() != Qt::NoFocus && m_control.Visible && m_control.Enabled;
+}
+
+bool ControlView::eventFilter(QObject*, QEvent* event) {
+    if (event->type() == QEvent::MouseMove && m_control.MouseMove &&
+        !m_widget.childAt(static_cast<QMouseEvent*>(event)->position().toPoint()))
+        DeliverUse([] {}, m_control.MouseMove);
+    return false;
+}
+
+QRect ControlView::Place(float twipsPerPixel) const { return ToPixels(m_control, twipsPerPixel); }
+
+void ControlView::DeliverUse(std::function<void()> store, const std::function<void()>& handler) {
+    if (m_syncing) return;
+    m_host.Deliver([this, store = std::move(store), &handler] {
+        store();
+        if (!m_control.Enabled || !m_widget.isVisible()) return;
+        const std::function<void()> call = handler;
+        if (call) call();
+    });
+}
+
+void ControlView::SyncCommon(float twipsPerPixel) {
+    const QRect place = Place(twipsPerPixel);
+    if (m_place.Take(place)) m_widget.setGeometry(place);
+    if (m_enabled.Take(m_control.Enabled)) m_widget.setEnabled(m_control.Enabled);
+    if (m_visible.Take(m_control.Visible)) m_widget.setVisible(m_control.Visible);
+    if (!m_toolTip.Take(m_control.ToolTipText)) return;
+    m_widget.setToolTip(ToolTip(m_control.ToolTipText));
+    m_widget.setAccessibleDescription(ToQt(m_control.ToolTipText));
+}
+
+void ControlView::SyncNames() {
+    if (HasNameOfItsOwn() && m_control.AccessibleName.empty()) return;
+    const QString name = NameOf(m_control, Caption());
+    if (m_name.Take(FromQt(name))) m_widget.setAccessibleName(name);
+}
+
+}  // namespace tabulon

@@ -1,0 +1,142 @@
+#include "qt/static_views.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyle>
+#include <utility>
+
+#include "qt/look.h"
+#include "qt/text.h"
+
+namespace tabulon {
+
+namespace {
+
+constexpr int FrameWidth = 3;
+
+/// Black is what a label has that was given no colour: it takes the usual one of the look.
+QColor InkOf(Colour colour) { return colour == Colour{} ? Look::Cream : ToQt(colour); }
+
+}  // namespace
+
+/// A press stays with the control, as if it were a window of its own: nothing behind it is clicked.
+template <class Data>
+bool StaticView<Data>::eventFilter(QObject* watched, QEvent* event) {
+    const auto type = event->type();
+    const bool isPress = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
+    if (!isPress && type != QEvent::MouseButtonRelease) return ControlView::eventFilter(watched, event);
+    const auto* mouse = static_cast<QMouseEvent*>(event);
+    if (mouse->button() != Qt::LeftButton) return true;
+    const bool clicked = !isPress && m_pressed && this->Widget().rect().contains(mouse->position().toPoint());
+    m_pressed = isPress;
+    if (clicked) this->DeliverClick();
+    return true;
+}
+
+LabelWidget::LabelWidget(QWidget* parent) : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+    setWordWrap(true);
+}
+
+void LabelWidget::SetCaption(const std::string& caption) {
+    m_caption = ToQt(caption);
+    setText(PlainCaption(caption));
+}
+
+void LabelWidget::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    style()->drawItemText(&painter, rect(), static_cast<int>(alignment()) | LabelTextFlags, palette(),
+                          isEnabled(), m_caption, QPalette::WindowText);
+}
+
+LabelView::LabelView(Label& label, ViewHost& host, QWidget* parent)
+    : StaticView(label, host, new LabelWidget(parent)), m_label(static_cast<LabelWidget&>(Widget())) {}
+
+bool LabelView::ActivateByKey() {
+    if (TheData().Click) DeliverClick();
+    return TheData().Click != nullptr;
+}
+
+void LabelView::SyncOwn() {
+    const Label& label = TheData();
+    if (m_font.Take(label.Font)) m_label.setFont(ToQt(label.Font));
+    if (m_centred.Take(label.Centred))
+        m_label.setAlignment((label.Centred ? Qt::AlignHCenter : Qt::AlignLeft) | Qt::AlignTop);
+    if (m_caption.Take(label.Caption)) m_label.SetCaption(label.Caption);
+    if (!m_colour.Take(label.ForeColor)) return;
+    QPalette palette = m_label.palette();
+    palette.setColor(QPalette::WindowText, InkOf(label.ForeColor));
+    m_label.setPalette(palette);
+}
+
+PictureWidget::PictureWidget(PictureStore& store, QWidget* parent) : QWidget(parent), m_picture(store) {}
+
+void PictureWidget::Show(const Picture& picture) {
+    m_picture.Show(picture);
+    m_picture.For(*this);
+    update();
+}
+
+void PictureWidget::SetBorder(bool border) {
+    m_border = border;
+    update();
+}
+
+void PictureWidget::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const QPixmap& pixmap = m_picture.For(*this);
+    if (!pixmap.isNull()) painter.drawPixmap(0, 0, pixmap);
+    if (!m_border) return;
+    painter.setPen(Look::Ink);
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+void PictureWidget::resizeEvent(QResizeEvent*) { m_picture.For(*this); }
+
+ImageView::ImageView(Image& image, ViewHost& host, QWidget* parent)
+    : StaticView(image, host, new PictureWidget(host.Pictures(), parent)),
+      m_picture(static_cast<PictureWidget&>(Widget())) {}
+
+void ImageView::SyncOwn() {
+    if (m_border.Take(TheData().Border)) m_picture.SetBorder(TheData().Border);
+    if (m_shown.Take(TheData().Picture)) m_picture.Show(TheData().Picture);
+}
+
+PictureBoxView::PictureBoxView(PictureBox& box, ViewHost& host, QWidget* parent)
+    : StaticView(box, host, new PictureWidget(host.Pictures(), parent)),
+      m_picture(static_cast<PictureWidget&>(Widget())) {}
+
+void PictureBoxView::SyncOwn() {
+    if (m_shown.Take(TheData().Picture)) m_picture.Show(TheData().Picture);
+}
+
+ShapeWidget::ShapeWidget(QWidget* parent) : QWidget(parent) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+void ShapeWidget::SetColour(Colour colour, bool filled) {
+    m_colour = colour;
+    m_filled = filled;
+    update();
+}
+
+void ShapeWidget::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    if (m_filled) {
+        painter.fillRect(rect(), ToQt(m_colour));
+        return;
+    }
+    painter.setPen(QPen(ToQt(m_colour), FrameWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter.drawRect(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5));
+}
+
+ShapeView::ShapeView(Shape& shape, ViewHost& host, QWidget* parent)
+    : ViewOf(shape, host, new ShapeWidget(parent)), m_shape(static_cast<ShapeWidget&>(Widget())) {}
+
+void ShapeView::SyncOwn() {
+    const bool newColour = m_colour.Take(TheData().FillColor);
+    const bool newKind = m_filled.Take(TheData().Filled);
+    if (newColour || newKind) m_shape.SetColour(TheData().FillColor, TheData().Filled);
+}
+
+}  // namespace tabulon
