@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QChar>
+#include <memory>
+#include <vector>
+
+#include "forms/form.h"
+#include "qt/control_view.h"
+
+namespace tabulon {
+
+/// The views of all controls of one form: their stacking, their focus and their access keys.
+class FormControls {
+  public:
+    FormControls(Form& form, ViewHost& host, QWidget& window);
+
+    void Sync(float twipsPerPixel);
+    /// The form learns which control has the focus.
+    void FollowFocus();
+    void FocusFirst();
+    /// Uses the first control that is in view and has this access key; false when there is none.
+    bool ActivateAccessKey(QChar key);
+
+  private:
+    using Views = std::vector<std::unique_ptr<ControlView>>;
+
+    void AddView(Control& control, ViewHost& host);
+    ControlView* ViewOf(const Control* control) const;
+    void SetTabOrder();
+    void Stack();
+    void FocusNext(Views::const_iterator from);
+
+    Form& m_form;
+    QWidget& m_window;
+    Views m_views;
+    std::vector<ControlView*> m_stack;  // from the back to the front
+    Applied<int> m_focusRequests;
+    bool m_hasTabOrder = false;
+    bool m_syncing = false;
+};
+
+}  // namespace tabulon
