@@ -44,8 +44,9 @@ Integer ToInteger(double value) { return ToLong(value); }
 
 double ToDouble(std::string_view text) {
     std::string_view digits = Trimmed(text);
+    const bool number =
+        digits.find_first_not_of("0123456789.eE+-") == std::string_view::npos && !digits.starts_with("+-");
     if (digits.starts_with('+')) digits.remove_prefix(1);
-    const bool number = digits.find_first_not_of("0123456789.eE+-") == std::string_view::npos;
     double value = 0;
     const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
     if (!number || result.ec == std::errc::invalid_argument || result.ptr != digits.data() + digits.size())
