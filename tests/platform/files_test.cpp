@@ -5,13 +5,14 @@
 #include <sys/stat.h>
 
 #include "platform/child_process.h"
-#include "platform/failure.h"
+#include "platform/failure_of.h"
 #include "platform/temporary_directory.h"
 
 namespace tabulon {
 namespace {
 
 namespace fs = std::filesystem;
+using test::FailureOf;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 
@@ -26,16 +27,6 @@ class FilesTest : public testing::Test {
 
     test::TemporaryDirectory dir;
 };
-
-template <class Operation>
-int FailureOf(Operation&& operation) {
-    try {
-        operation();
-    } catch (const Failure& failure) {
-        return failure.Number();
-    }
-    return 0;
-}
 
 TEST(FileNameTest, OnlyABareNameIsTaken) {
     const struct {

@@ -1,10 +1,12 @@
 #include <gmock/gmock.h>
 
+#include "platform/failure_of.h"
 #include "platform/modRegistry.h"
 
 namespace tabulon {
 namespace {
 
+using test::FailureOf;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -161,15 +163,6 @@ TEST_F(ModRegistryTest, DeletingAKeyWithSubKeysIsPassedOver) {
     registry.RegistryDeleteKey(HKEY_LOCAL_MACHINE, GamesKey);
     EXPECT_EQ(Get("x"), NoValue);
     EXPECT_THAT(boxes.shown, IsEmpty());
-}
-
-int FailureOf(const std::function<void()>& conversion) {
-    try {
-        conversion();
-    } catch (const Failure& failure) {
-        return failure.Number();
-    }
-    return 0;
 }
 
 TEST(RegistryValueTest, ConvertsOrFails) {
