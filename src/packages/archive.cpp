@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <archive.h>
 #include <archive_entry.h>
-#include <locale.h>
 #include <utility>
 
 #include "packages/limits.h"
+#include "packages/utf8_locale.h"
 #include "platform/failure.h"
 #include "platform/files.h"
 #include "platform/text.h"
@@ -16,22 +16,6 @@ namespace tabulon {
 namespace {
 
 constexpr std::size_t BlockSize = 64 * 1024;
-
-/// libarchive gives names that are marked as UTF-8 only while the thread's locale has that encoding.
-class Utf8Locale {
-  public:
-    Utf8Locale() : m_before(uselocale(Utf8())) {}
-    ~Utf8Locale() { uselocale(m_before); }
-    Utf8Locale(const Utf8Locale&) = delete;
-    Utf8Locale& operator=(const Utf8Locale&) = delete;
-
-  private:
-    static locale_t Utf8() {
-        static const locale_t utf8 = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
-        return utf8;
-    }
-    locale_t m_before;
-};
 
 /// Empty for what is no plain file under a bare name.
 std::string BareName(archive_entry* entry) {
