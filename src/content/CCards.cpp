@@ -12,7 +12,7 @@ namespace tabulon {
 
 namespace {
 
-constexpr ColumnDefinition Columns[] = {
+constexpr ColumnDefinition ContentColumns[] = {
     {"DeckID", AdoType::Integer, 4},
     {"Index", AdoType::Single, 4},
     {"Message", AdoType::VarChar, 254},
@@ -102,9 +102,11 @@ CCard* CCards::ItemByIndex(Integer Index) const {
     return nullptr;
 }
 
+std::span<const ColumnDefinition> CCards::Columns() { return ContentColumns; }
+
 RecordsetDefinition CCards::DefineEmptyRS() const {
     RecordsetDefinition Result;
-    Procedure(m_g.gErrHandler, "CCards:DefineEmptyRS", [&] { Result.Columns = Columns; });
+    Procedure(m_g.gErrHandler, "CCards:DefineEmptyRS", [&] { Result.Columns = Columns(); });
     return Result;
 }
 

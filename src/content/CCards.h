@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 
 #include "content/collection.h"
@@ -57,6 +58,7 @@ class CCards : private Collection<CCard> {
     Integer NextIndex() const;
     /// The first card with that number; null when there is none.
     CCard* ItemByIndex(Integer Index) const;
+    static std::span<const ColumnDefinition> Columns();
     RecordsetDefinition DefineEmptyRS() const;
     /// Removes the first card with that number.
     void RemoveByIndex(Integer Index);

@@ -12,7 +12,7 @@ namespace tabulon {
 
 namespace {
 
-constexpr ColumnDefinition Columns[] = {
+constexpr ColumnDefinition ContentColumns[] = {
     {"Index", AdoType::Single, 4},
     {"Name", AdoType::VarChar, 32},
     {"Bitmap", AdoType::VarChar, 128},
@@ -94,9 +94,11 @@ CDeck* CDecks::ItemByIndex(Integer Index) const {
     return nullptr;
 }
 
+std::span<const ColumnDefinition> CDecks::Columns() { return ContentColumns; }
+
 RecordsetDefinition CDecks::DefineEmptyRS() const {
     RecordsetDefinition Result;
-    Procedure(m_g.gErrHandler, "CSpaces:DefineEmptyRS", [&] { Result.Columns = Columns; });
+    Procedure(m_g.gErrHandler, "CSpaces:DefineEmptyRS", [&] { Result.Columns = Columns(); });
     return Result;
 }
 

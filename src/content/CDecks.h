@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 
 #include "content/CCards.h"
@@ -41,6 +42,7 @@ class CDecks : private Collection<CDeck> {
     Integer NextIndex() const;
     /// The last deck with that number; null when there is none.
     CDeck* ItemByIndex(Integer Index) const;
+    static std::span<const ColumnDefinition> Columns();
     /// Reports under the spaces' name.
     RecordsetDefinition DefineEmptyRS() const;
     /// Removes the first deck with that number.

@@ -12,7 +12,7 @@ namespace tabulon {
 
 namespace {
 
-constexpr ColumnDefinition Columns[] = {
+constexpr ColumnDefinition ContentColumns[] = {
     {"Sequence", AdoType::Single, 4},   {"Top", AdoType::Integer, 4},   {"Left", AdoType::Integer, 4},
     {"Height", AdoType::Integer, 4},    {"Width", AdoType::Integer, 4}, {"ActionType", AdoType::Integer, 4},
     {"Message", AdoType::VarChar, 254}, {"Data1", AdoType::Single, 4},  {"Data2", AdoType::Integer, 4},
@@ -99,9 +99,11 @@ CSpace* CSpaces::ItemBySequence(Integer Sequence) const {
     return nullptr;
 }
 
+std::span<const ColumnDefinition> CSpaces::Columns() { return ContentColumns; }
+
 RecordsetDefinition CSpaces::DefineEmptyRS() const {
     RecordsetDefinition Result;
-    Procedure(m_g.gErrHandler, "CSpaces:DefineEmptyRS", [&] { Result.Columns = Columns; });
+    Procedure(m_g.gErrHandler, "CSpaces:DefineEmptyRS", [&] { Result.Columns = Columns(); });
     return Result;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 
 #include "content/collection.h"
@@ -49,6 +50,7 @@ class CSpaces : private Collection<CSpace> {
     Integer NextSequence() const;
     /// The last space with that number; null when there is none.
     CSpace* ItemBySequence(Integer Sequence) const;
+    static std::span<const ColumnDefinition> Columns();
     RecordsetDefinition DefineEmptyRS() const;
     /// Reports a failure unless there are no spaces: it asks for the member `Index`, which a space has not.
     void RemoveBySequence(Integer Sequence);
