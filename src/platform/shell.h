@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 namespace tabulon {
 
@@ -13,7 +14,8 @@ class Shell {
     /// Opens a web address or a document with the user's program for it.
     virtual void Open(const std::string& target) = 0;
     /// Starts a program on its own.
-    virtual void Start(const std::filesystem::path& program) = 0;
+    virtual void Start(const std::filesystem::path& program,
+                       const std::vector<std::string>& arguments = {}) = 0;
     /// True when another copy of the program runs.
     virtual bool PreviousInstance() = 0;
     /// Asks that copy to come to the foreground; false when it does not answer.

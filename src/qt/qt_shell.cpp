@@ -89,9 +89,11 @@ void QtShell::Open(const std::string& target) {
         QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(ToQt(target)).absoluteFilePath()));
 }
 
-void QtShell::Start(const std::filesystem::path& program) {
+void QtShell::Start(const std::filesystem::path& program, const std::vector<std::string>& arguments) {
     if (IsSameFile(program, m_ownProgram)) m_instance.Release();
-    QProcess::startDetached(ToQt(program.native()), {});
+    QStringList given;
+    for (const std::string& argument : arguments) given.append(ToQt(argument));
+    QProcess::startDetached(ToQt(program.native()), given);
 }
 
 bool QtShell::PreviousInstance() { return !m_instance.Claim(); }

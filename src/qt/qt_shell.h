@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "platform/shell.h"
 
@@ -42,7 +43,7 @@ class QtShell final : public Shell {
 
     void Open(const std::string& target) override;
     /// Starting the own program hands it the place of the one copy.
-    void Start(const std::filesystem::path& program) override;
+    void Start(const std::filesystem::path& program, const std::vector<std::string>& arguments = {}) override;
     bool PreviousInstance() override;
     bool RaisePreviousInstance() override;
 

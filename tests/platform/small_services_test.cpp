@@ -17,7 +17,7 @@ class ScriptedShell : public Shell {
         if (target == "broken") throw Failure(FailureNumber::FileNotFound);
         opened += target;
     }
-    void Start(const std::filesystem::path&) override {}
+    void Start(const std::filesystem::path&, const std::vector<std::string>&) override {}
     bool PreviousInstance() override { return true; }
     bool RaisePreviousInstance() override { return answers; }
 
