@@ -5,6 +5,11 @@
 
 namespace tabulon {
 
+/// What was given when the program was built.
+std::string BuiltInWebSite();
+std::string BuiltInMailServer();
+std::string BuiltInSupportAddress();
+
 /// What the program knows of itself.
 struct ApplicationInfo {
     std::string Title = "Tab Player";
@@ -17,6 +22,11 @@ struct ApplicationInfo {
     std::filesystem::path ShareDir;
     /// The program's own file; empty when nothing can be started again.
     std::filesystem::path Executable;
+    /// The maker's web site, without a slash at its end.
+    std::string WebSite = BuiltInWebSite();
+    /// Where error logs are mailed to.
+    std::string MailServer = BuiltInMailServer();
+    std::string SupportAddress = BuiltInSupportAddress();
 };
 
 }  // namespace tabulon

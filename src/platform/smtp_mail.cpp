@@ -1,0 +1,165 @@
+#include "platform/smtp_mail.h"
+
+#include <cerrno>
+#include <ctime>
+#include <curl/curl.h>
+#include <exception>
+#include <iomanip>
+#include <locale>
+#include <memory>
+#include <random>
+#include <sstream>
+#include <unistd.h>
+
+#include "platform/mail_text.h"
+
+namespace tabulon {
+
+namespace {
+
+struct Freed {
+    void operator()(CURL* handle) const { curl_easy_cleanup(handle); }
+    void operator()(curl_slist* list) const { curl_slist_free_all(list); }
+    void operator()(curl_mime* mime) const { curl_mime_free(mime); }
+};
+
+using Handle = std::unique_ptr<CURL, Freed>;
+using Mime = std::unique_ptr<curl_mime, Freed>;
+
+class StringList {
+  public:
+    void Add(const std::string& text) {
+        curl_slist* longer = curl_slist_append(m_list.get(), text.c_str());
+        if (!longer) throw std::bad_alloc();
+        m_list.release();
+        m_list.reset(longer);
+    }
+    curl_slist* Get() const { return m_list.get(); }
+
+  private:
+    std::unique_ptr<curl_slist, Freed> m_list;
+};
+
+Handle NewHandle(const std::string& address, int connectMilliseconds) {
+    Handle handle(curl_easy_init());
+    if (!handle) throw std::bad_alloc();
+    curl_easy_setopt(handle.get(), CURLOPT_URL, address.c_str());
+    curl_easy_setopt(handle.get(), CURLOPT_NOSIGNAL, 1L);
+    curl_easy_setopt(handle.get(), CURLOPT_PROXY, "");
+    curl_easy_setopt(handle.get(), CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(connectMilliseconds));
+    return handle;
+}
+
+/// Calls what is to be done while the transfer goes on. No exception may cross the library.
+struct Waiting {
+    const std::function<void()>& Call;
+    std::exception_ptr Thrown;
+
+    static int Progress(void* self, curl_off_t, curl_off_t, curl_off_t, curl_off_t) {
+        auto& waiting = *static_cast<Waiting*>(self);
+        try {
+            if (waiting.Call) waiting.Call();
+            return 0;
+        } catch (...) {
+            waiting.Thrown = std::current_exception();
+            return 1;
+        }
+    }
+};
+
+std::string DateNow() {
+    const std::time_t now = std::time(nullptr);
+    std::tm utc{};
+    gmtime_r(&now, &utc);
+    std::ostringstream text;
+    text.imbue(std::locale::classic());
+    text << std::put_time(&utc, "%a, %d %b %Y %H:%M:%S +0000");
+    return text.str();
+}
+
+std::string NewMessageId(const std::string& sender) {
+    std::random_device random;
+    std::ostringstream id;
+    id << "<" << std::hex << random() << random() << "." << random() << sender.substr(sender.find('@'))
+       << ">";
+    return id.str();
+}
+
+StringList Headers(const MailMessage& message) {
+    StringList headers;
+    headers.Add("Date: " + DateNow());
+    headers.Add("From: " + message.Sender);
+    headers.Add("To: " + EncodedMailbox(message.RecipientName, message.Recipient));
+    headers.Add("Subject: " + EncodedHeaderText(message.Subject));
+    headers.Add("Message-ID: " + NewMessageId(message.Sender));
+    return headers;
+}
+
+Mime Parts(CURL* handle, const MailMessage& message) {
+    Mime mime(curl_mime_init(handle));
+    const std::string body = WithCrLf(message.Body);
+    curl_mimepart* text = curl_mime_addpart(mime.get());
+    curl_mime_data(text, body.data(), body.size());
+    curl_mime_type(text, "text/plain; charset=utf-8");
+    curl_mime_encoder(text, "quoted-printable");
+    if (message.Attachment.empty() || access(message.Attachment.c_str(), R_OK) != 0) return mime;
+    curl_mimepart* file = curl_mime_addpart(mime.get());
+    curl_mime_filedata(file, message.Attachment.c_str());
+    curl_mime_type(file, "application/octet-stream");
+    curl_mime_encoder(file, "base64");
+    return mime;
+}
+
+void SetPatience(CURL* handle, const SmtpMail::Patience& patience) {
+    curl_easy_setopt(handle, CURLOPT_TIMEOUT_MS, static_cast<long>(patience.WholeMilliseconds));
+    curl_easy_setopt(handle, CURLOPT_SERVER_RESPONSE_TIMEOUT, static_cast<long>(patience.AnswerSeconds));
+    curl_easy_setopt(handle, CURLOPT_LOW_SPEED_LIMIT, 1L);
+    curl_easy_setopt(handle, CURLOPT_LOW_SPEED_TIME, static_cast<long>(patience.AnswerSeconds));
+}
+
+bool MaySend(const MailMessage& message, const std::string& server) {
+    return IsServerName(server) && IsMailAddress(message.Sender) && IsMailAddress(message.Recipient) &&
+           IsHeaderText(message.RecipientName) && IsHeaderText(message.Subject);
+}
+
+}  // namespace
+
+bool SmtpMail::IsDestinationReachable(const std::string& server) {
+    constexpr int SmtpPort = 25;
+    if (!IsServerName(server)) return false;
+    // Of HTTP nothing is used: this connects and says nothing.
+    const Handle handle = NewHandle("http://" + server, m_patience.ConnectMilliseconds);
+    if (server.find(':') == server.npos)
+        curl_easy_setopt(handle.get(), CURLOPT_PORT, static_cast<long>(SmtpPort));
+    curl_easy_setopt(handle.get(), CURLOPT_CONNECT_ONLY, 1L);
+    if (curl_easy_perform(handle.get()) == CURLE_OK) return true;
+    long error = 0;
+    curl_easy_getinfo(handle.get(), CURLINFO_OS_ERRNO, &error);
+    return error == ECONNREFUSED;  // the host is there, though nobody listens
+}
+
+bool SmtpMail::Send(const MailMessage& message, const std::string& server,
+                    const std::function<void()>& whileWaiting) {
+    if (!MaySend(message, server)) return false;
+    const Handle handle = NewHandle("smtp://" + server, m_patience.ConnectMilliseconds);
+    SetPatience(handle.get(), m_patience);
+    const StringList headers = Headers(message);
+    StringList recipients;
+    recipients.Add(message.Recipient);
+    const Mime mime = Parts(handle.get(), message);
+    Waiting waiting{whileWaiting, nullptr};
+    curl_easy_setopt(handle.get(), CURLOPT_PROTOCOLS_STR, "smtp");
+    curl_easy_setopt(handle.get(), CURLOPT_USE_SSL, static_cast<long>(CURLUSESSL_TRY));
+    curl_easy_setopt(handle.get(), CURLOPT_MAIL_FROM, message.Sender.c_str());
+    curl_easy_setopt(handle.get(), CURLOPT_MAIL_RCPT, recipients.Get());
+    curl_easy_setopt(handle.get(), CURLOPT_HTTPHEADER, headers.Get());
+    curl_easy_setopt(handle.get(), CURLOPT_MIMEPOST, mime.get());
+    curl_easy_setopt(handle.get(), CURLOPT_NOPROGRESS, 0L);
+    curl_easy_setopt(handle.get(), CURLOPT_XFERINFOFUNCTION, &Waiting::Progress);
+    curl_easy_setopt(handle.get(), CURLOPT_XFERINFODATA, &waiting);
+    const CURLcode result = curl_easy_perform(handle.get());
+    if (waiting.Thrown) std::rethrow_exception(waiting.Thrown);
+    return result == CURLE_OK;
+}
+
+}  // namespace tabulon
