@@ -1,0 +1,272 @@
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QScrollBar>
+#include <QToolButton>
+#include <QWindow>
+#include <utility>
+#include <vector>
+
+#include "qt/screen_test.h"
+
+namespace tabulon {
+namespace {
+
+using testing::ElementsAre;
+using testing::Pair;
+
+class Input : public ScreenTest {
+  protected:
+    std::function<void()> Count() {
+        return [this] { ++calls; };
+    }
+    int calls = 0;
+};
+
+TEST_F(Input, TypedTextReachesTheDataBeforeTheHandler) {
+    std::vector<std::string> seen;
+    form.txtName.Change = [this, &seen] { seen.push_back(form.txtName.Text); };
+    Show(form);
+    QTest::keyClicks(&Find(form.txtName), "Al");
+    EXPECT_THAT(seen, ElementsAre("A", "Al"));
+}
+
+TEST_F(Input, TypingKeepsTheCursorWhereItStands) {
+    form.txtName.Text = "Bert";
+    form.txtName.Change = [] {};
+    Show(form);
+    auto& edit = Find<QLineEdit>(form.txtName);
+    edit.setCursorPosition(1);
+    QTest::keyClicks(&edit, "e");
+    EXPECT_EQ(form.txtName.Text, "Beert");
+    EXPECT_EQ(edit.cursorPosition(), 2);
+}
+
+TEST_F(Input, AHandlerMayCorrectWhatWasTyped) {
+    form.txtName.Change = [this] { form.txtName.Text = "x"; };
+    Show(form);
+    QTest::keyClicks(&Find(form.txtName), "ab");
+    EXPECT_EQ(Find<QLineEdit>(form.txtName).text(), "x");
+}
+
+TEST_F(Input, LongTextOfSeveralLinesIsCut) {
+    form.txtNotes.MultiLine = true;
+    form.txtNotes.MaxLength = 3;
+    Show(form);
+    QTest::keyClicks(&Find(form.txtNotes), "abcd");
+    EXPECT_EQ(form.txtNotes.Text, "abc");
+    screen.PumpEvents();
+    EXPECT_EQ(Find<QPlainTextEdit>(form.txtNotes).toPlainText(), "abc");
+}
+
+TEST_F(Input, TickReachesTheData) {
+    bool ticked = false;
+    form.chkComputer.Click = [this, &ticked] { ticked = form.chkComputer.Value; };
+    Show(form);
+    QTest::mouseClick(&Find(form.chkComputer), Qt::LeftButton, {}, QPoint(8, 10));
+    EXPECT_TRUE(ticked);
+}
+
+TEST_F(Input, RowsReachTheData) {
+    for (const char* row : {"Anna", "Bert"}) {
+        form.lstPlayers.AddItem(row);
+        form.cboGame.AddItem(row);
+    }
+    form.cboGame.ListIndex = 0;
+    form.lstPlayers.Click = form.cboGame.Click = Count();
+    int doubleClicks = 0;
+    form.lstPlayers.DblClick = [&doubleClicks] { ++doubleClicks; };
+    Show(form);
+    auto& list = Find<QListWidget>(form.lstPlayers);
+    const QPoint second = list.visualItemRect(list.item(1)).center();
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, second);
+    EXPECT_EQ(form.lstPlayers.SelectedRow().Text, "Bert");
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, second);
+    EXPECT_EQ(doubleClicks, 1);
+    QTest::keyClick(&Find(form.cboGame), Qt::Key_Down);
+    EXPECT_EQ(form.cboGame.SelectedRow().Text, "Bert");
+    EXPECT_EQ(calls, 2);
+}
+
+TEST_F(Input, OpeningAListTellsFirstAndShowsWhatTheHandlerAdds) {
+    form.cboGame.DropDown = [this] { form.cboGame.AddItem("Race"); };
+    Show(form);
+    auto& box = Find<QComboBox>(form.cboGame);
+    box.showPopup();
+    EXPECT_EQ(box.count(), 1);
+    box.hidePopup();
+}
+
+TEST_F(Input, ScrollingAnOpenListTellsTheFirstRow) {
+    for (int i = 0; i < 60; ++i) form.cboGame.AddItem(std::to_string(i));
+    form.cboGame.Scroll = Count();
+    Show(form);
+    auto& box = Find<QComboBox>(form.cboGame);
+    box.showPopup();
+    box.view()->verticalScrollBar()->setValue(5);
+    EXPECT_EQ(form.cboGame.TopIndex, 5);
+    EXPECT_EQ(calls, 1);
+    box.hidePopup();
+}
+
+TEST_F(Input, ArrowsOfAnUpDownHaveOneHandlerEach) {
+    std::string seen;
+    form.updPiece.UpClick = [&seen] { seen += 'u'; };
+    form.updPiece.DownClick = [&seen] { seen += 'd'; };
+    Show(form);
+    for (QToolButton* arrow : Find(form.updPiece).findChildren<QToolButton*>())
+        QTest::mouseClick(arrow, Qt::LeftButton);
+    EXPECT_EQ(seen, "ud");
+}
+
+TEST_F(Input, EachClickableControlIsClickedOnce) {
+    Show(form);
+    for (Control* control :
+         std::vector<Control*>{&form.lblName, &form.cmdOk, &form.cmdRoll, &form.imgPiece}) {
+        calls = 0;
+        control->Click = Count();
+        Click(*control);
+        EXPECT_EQ(calls, 1) << control->Name;
+    }
+}
+
+TEST_F(Input, AClickDoesNotReachWhatStandsBehind) {
+    form.picBoard.Click = Count();
+    Show(form);
+    Click(form.imgPiece);
+    EXPECT_EQ(calls, 0);
+    QTest::mouseClick(&Find(form.picBoard), Qt::LeftButton, {}, QPoint(150, 100));
+    EXPECT_EQ(calls, 1);
+}
+
+TEST_F(Input, DisabledControlsDoNotReact) {
+    form.cmdOk.Caption = "&Ok";
+    form.cmdFakeRoll.Caption = "&Roll";
+    for (Control* control : form.Controls) {
+        control->Click = Count();
+        control->Enabled = false;
+    }
+    Show(form);
+    for (Control* control : {static_cast<Control*>(&form.cmdOk), static_cast<Control*>(&form.cmdRoll)})
+        Click(*control);
+    Press(form, Qt::Key_O, Qt::AltModifier);
+    Press(form, Qt::Key_R, Qt::AltModifier);
+    EXPECT_EQ(calls, 0);
+}
+
+TEST_F(Input, AHandlerThatDisablesItsButtonKeepsTheNextClickOut) {
+    form.cmdRoll.Click = [this] {
+        ++calls;
+        form.cmdRoll.Enabled = false;
+    };
+    Show(form);
+    Click(form.cmdRoll);
+    Click(form.cmdRoll);
+    EXPECT_EQ(calls, 1);
+}
+
+TEST_F(Input, AccessKeysReachTwinsButtonsBoxesAndLabels) {
+    form.cmdFakeRoll.Caption = "Ne&w";
+    form.chkComputer.Caption = "&Computer";
+    form.cmdRoll.Caption = "&Roll";
+    form.lblName.Caption = "&A)";
+    for (Control* control : form.Controls) control->Click = Count();
+    Show(form);
+    for (const Qt::Key key : {Qt::Key_W, Qt::Key_R, Qt::Key_A}) Press(form, key, Qt::AltModifier);
+    EXPECT_EQ(calls, 3);
+    Press(form, Qt::Key_C, Qt::AltModifier);
+    EXPECT_TRUE(form.chkComputer.Value);
+    Press(form, Qt::Key_R);
+    EXPECT_EQ(calls, 4);
+}
+
+TEST_F(Input, AccessKeyOfAPlainLabelFocusesTheNextControl) {
+    form.lblName.Caption = "&Name";
+    form.Load();
+    form.cmdOk.SetFocus();
+    Show(form);
+    EXPECT_EQ(form.ActiveControl, &form.cmdOk);
+    Press(form, Qt::Key_N, Qt::AltModifier);
+    EXPECT_EQ(form.ActiveControl, &form.txtName);
+}
+
+TEST_F(Input, FocusGoesBothWays) {
+    Show(form);
+    EXPECT_EQ(form.ActiveControl, &form.txtName);
+    Press(form, Qt::Key_Tab);
+    EXPECT_EQ(form.ActiveControl, &form.cmdOk);
+    form.chkComputer.SetFocus();
+    form.cmdOk.Enabled = false;
+    screen.PumpEvents();
+    EXPECT_EQ(form.ActiveControl, &form.chkComputer);
+    EXPECT_TRUE(Find(form.chkComputer).hasFocus());
+}
+
+TEST_F(Input, FormSeesKeysBeforeTheControlDoes) {
+    std::vector<std::pair<int, int>> down;
+    std::vector<std::pair<int, int>> up;
+    form.cmdOk.Click = Count();
+    form.Load();
+    form.cmdOk.SetFocus();
+    form.KeyDown = [&down](int code, int shift) {
+        down.emplace_back(code, shift);
+        return code != Key::Enter;
+    };
+    form.KeyUp = [&up](int code, int shift) {
+        up.emplace_back(code, shift);
+        return false;
+    };
+    Show(form);
+    Press(form, Qt::Key_Space);
+    Press(form, Qt::Key_Y, Qt::AltModifier);
+    Press(form, Qt::Key_A, Qt::ShiftModifier | Qt::ControlModifier);
+    Press(form, Qt::Key_F5);
+    EXPECT_EQ(calls, 0);
+    Press(form, Qt::Key_Enter);
+    EXPECT_THAT(down, ElementsAre(Pair(Key::Space, 0), Pair(Key::Y, Key::Alt),
+                                  Pair(Key::A, Key::Shift | Key::Control), Pair(Key::Enter, 0)));
+    EXPECT_EQ(up.size(), 4u);
+    EXPECT_EQ(calls, 1);
+}
+
+TEST_F(Input, AHeldKeyCountsOnce) {
+    form.KeyDown = [this](int, int) { return ++calls > 0; };
+    Show(form);
+    QWindow* window = WindowOf(form)->windowHandle();
+    const auto send = [window](QEvent::Type type, bool repeat) {
+        QKeyEvent key(type, Qt::Key_O, Qt::NoModifier, "o", repeat);
+        QCoreApplication::sendEvent(window, &key);
+    };
+    send(QEvent::KeyPress, false);
+    send(QEvent::KeyRelease, true);
+    send(QEvent::KeyPress, true);
+    EXPECT_EQ(calls, 1);
+    EXPECT_EQ(form.txtName.Text, "");
+    send(QEvent::KeyRelease, false);
+    send(QEvent::KeyPress, false);
+    EXPECT_EQ(calls, 2);
+}
+
+TEST_F(Input, AKeyThatWentDownElsewhereIsNotReleasedHere) {
+    form.KeyUp = [this](int, int) { return ++calls > 0; };
+    Show(form);
+    QTest::keyRelease(WindowOf(form)->windowHandle(), Qt::Key_Escape);
+    EXPECT_EQ(calls, 0);
+}
+
+TEST_F(Input, MouseMovesReachTheFormAndItsControls) {
+    int overPiece = 0;
+    form.MouseMove = Count();
+    form.imgPiece.MouseMove = [&overPiece] { ++overPiece; };
+    Show(form);
+    QTest::mouseMove(&Find(form.imgPiece), QPoint(5, 5));
+    EXPECT_EQ(overPiece, 1);
+    EXPECT_EQ(calls, 0);
+    QTest::mouseMove(WindowOf(form), QPoint(390, 290));
+    EXPECT_EQ(calls, 1);
+}
+
+}  // namespace
+}  // namespace tabulon

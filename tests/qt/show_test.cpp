@@ -1,0 +1,233 @@
+#include <QCheckBox>
+#include <QComboBox>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <cmath>
+
+#include "qt/look.h"
+#include "qt/screen_test.h"
+
+namespace tabulon {
+namespace {
+
+class Showing : public ScreenTest {
+  protected:
+    static bool HasColour(const QImage& image, QRgb colour) {
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                if (image.pixel(x, y) == colour) return true;
+        return false;
+    }
+};
+
+TEST_F(Showing, PlacesEachControlByItsTwips) {
+    Show(form);
+    const float twipsPerPixel = screen.TwipsPerPixelX();
+    for (const Control* control : form.Controls) {
+        if (control->Container || control == &form.cmdFakeRoll) continue;
+        const auto pixels = [twipsPerPixel](float twips) {
+            return static_cast<int>(std::lround(twips / twipsPerPixel));
+        };
+        const QRect expected(pixels(control->Left), pixels(control->Top), pixels(control->Width),
+                             pixels(control->Height));
+        EXPECT_EQ(Find(*control).geometry(), expected) << control->Name;
+    }
+}
+
+TEST_F(Showing, PlacesControlsOfAPictureBoxByPixels) {
+    Show(form);
+    EXPECT_EQ(Find(form.imgPiece).geometry(), QRect(7, 9, 33, 35));
+    EXPECT_EQ(Find(form.imgPiece).parentWidget(), &Find(form.picBoard));
+}
+
+TEST_F(Showing, RoundsTwipsToTheNearestPixel) {
+    form.lblName.Left = screen.TwipsPerPixelX() * 10.6f;
+    Show(form);
+    EXPECT_EQ(Find(form.lblName).x(), 11);
+}
+
+TEST_F(Showing, SizesAndCentresTheWindow) {
+    Show(form);
+    const QWidget& window = *WindowOf(form);
+    EXPECT_EQ(window.size(), QSize(400, 300));
+    EXPECT_EQ(window.minimumSize(), window.maximumSize());
+    EXPECT_EQ(form.Left, form.Twips((screen.WidthPixels() - 400) / 2));
+    EXPECT_EQ(window.pos(), QPoint((screen.WidthPixels() - 400) / 2, (screen.HeightPixels() - 300) / 2));
+}
+
+TEST_F(Showing, CoversTheScreenWithAFullScreenForm) {
+    form.Frame = WindowFrame::FullScreen;
+    Show(form);
+    EXPECT_EQ(WindowOf(form)->geometry(), QRect(0, 0, screen.WidthPixels(), screen.HeightPixels()));
+    EXPECT_TRUE(WindowOf(form)->windowFlags() & Qt::FramelessWindowHint);
+}
+
+TEST_F(Showing, AppliesChangesAtTheNextPump) {
+    Show(form);
+    form.lblName.Caption = "Anna";
+    form.cmdOk.Enabled = false;
+    form.imgPiece.Visible = false;
+    form.imgPiece.Move(50, 60, 33, 33);
+    form.Caption = "Players";
+    screen.PumpEvents();
+    EXPECT_EQ(Find<QLabel>(form.lblName).text(), "Anna");
+    EXPECT_FALSE(Find(form.cmdOk).isEnabled());
+    EXPECT_TRUE(Find(form.imgPiece).isHidden());
+    EXPECT_EQ(Find(form.imgPiece).pos(), QPoint(50, 60));
+    EXPECT_EQ(WindowOf(form)->windowTitle(), "Players");
+}
+
+TEST_F(Showing, ShowsTextListsAndTicks) {
+    form.txtName.Text = "Bert";
+    form.txtName.MaxLength = 20;
+    form.chkComputer.Caption = "&Computer";
+    form.chkComputer.Value = true;
+    form.cboGame.AddItem("Race", 1, "A race around the farm");
+    form.cboGame.AddItem("Quiz");
+    form.cboGame.ListIndex = 1;
+    form.lstPlayers.AddItem("Anna", 0, "<b>first</b>");
+    form.lstPlayers.ListIndex = 0;
+    form.rtfText.Content = "Once <i>upon</i>";
+    Show(form);
+    EXPECT_EQ(Find<QLineEdit>(form.txtName).text(), "Bert");
+    EXPECT_EQ(Find<QLineEdit>(form.txtName).maxLength(), 20);
+    EXPECT_TRUE(Find<QCheckBox>(form.chkComputer).isChecked());
+    EXPECT_EQ(Find<QComboBox>(form.cboGame).currentText(), "Quiz");
+    EXPECT_EQ(Find<QComboBox>(form.cboGame).itemData(0, Qt::ToolTipRole), "A race around the farm");
+    EXPECT_EQ(Find<QListWidget>(form.lstPlayers).currentRow(), 0);
+    EXPECT_EQ(Find<QListWidget>(form.lstPlayers).item(0)->toolTip(), "<p>&lt;b&gt;first&lt;/b&gt;</p>");
+    EXPECT_EQ(Find<QPlainTextEdit>(form.rtfText).toPlainText(), "Once <i>upon</i>");
+}
+
+TEST_F(Showing, ChangesRowsWithoutCallingHandlers) {
+    int clicks = 0;
+    for (RowList* list : {static_cast<RowList*>(&form.cboGame), static_cast<RowList*>(&form.lstPlayers)})
+        list->Click = [&clicks] { ++clicks; };
+    form.txtName.Change = [&clicks] { ++clicks; };
+    Show(form);
+    form.cboGame.AddItem("Race");
+    form.lstPlayers.AddItem("Anna");
+    form.cboGame.ListIndex = form.lstPlayers.ListIndex = 0;
+    form.txtName.Text = "Anna";
+    screen.PumpEvents();
+    form.lstPlayers.Clear();
+    screen.PumpEvents();
+    EXPECT_EQ(clicks, 0);
+    EXPECT_EQ(Find<QListWidget>(form.lstPlayers).count(), 0);
+}
+
+TEST_F(Showing, SelectsAllTextOnceWhenAsked) {
+    form.txtName.Text = "Bert";
+    Show(form);
+    form.txtName.SelectAll();
+    screen.PumpEvents();
+    EXPECT_EQ(Find<QLineEdit>(form.txtName).selectedText(), "Bert");
+    EXPECT_FALSE(form.txtName.SelectAllRequested);
+}
+
+TEST_F(Showing, StacksBySequenceOfRaising) {
+    form.imgPiece.Move(0, 0, 40, 40);
+    form.imgPiece.Picture = Picture::Piece(1);
+    form.shpMarker.Move(0, 0, 40, 40);
+    form.shpMarker.FillColor = {255, 0, 0};
+    Show(form);
+    EXPECT_TRUE(HasColour(Find(form.picBoard).grab().toImage(), qRgb(255, 0, 0)));
+    form.imgPiece.Picture = Picture::Product("product/background");
+    form.imgPiece.Raise();
+    screen.PumpEvents();
+    EXPECT_FALSE(HasColour(Find(form.picBoard).grab().toImage(), qRgb(255, 0, 0)));
+}
+
+TEST_F(Showing, PaintsLabelsOverWhatIsBehindThem) {
+    form.picBoard.Picture = Picture::Product("product/background");
+    form.lblRound.Caption = "Round 1";
+    form.lblRound.Font.Size = 20;
+    form.lblRound.Move(0, 0, 80, 30);
+    form.lblRound.ForeColor = {255, 200, 61};
+    Show(form);
+    const QImage board = Find(form.picBoard).grab().toImage();
+    EXPECT_TRUE(HasColour(board.copy(0, 0, 80, 30), qRgb(255, 200, 61)));
+    EXPECT_FALSE(HasColour(board.copy(0, 0, 80, 30), Look::Teal.rgb()));
+}
+
+struct CaptionRow {
+    const char* name;
+    const char* caption;
+    const char* shown;
+};
+class LabelCaption : public Showing, public testing::WithParamInterface<CaptionRow> {};
+
+TEST_P(LabelCaption, IsShownAsPlainText) {
+    form.lblName.Caption = GetParam().caption;
+    Show(form);
+    EXPECT_EQ(Find<QLabel>(form.lblName).text(), GetParam().shown);
+}
+INSTANTIATE_TEST_SUITE_P(All, LabelCaption,
+                         testing::Values(CaptionRow{"Plain", "Anna", "Anna"},
+                                         CaptionRow{"AccessKey", "&A)", "A)"},
+                                         CaptionRow{"Ampersand", "Tom && Ann", "Tom & Ann"},
+                                         CaptionRow{"Markup", "<b>x</b>", "<b>x</b>"},
+                                         CaptionRow{"LoneAmpersand", "Tom &", "Tom &"}),
+                         [](const auto& row) { return row.param.name; });
+
+TEST_F(Showing, GivesEverythingANameAndADescription) {
+    form.cmdRoll.ToolTipText = "Roll the dice";
+    form.cmdOk.Caption = "&Ok";
+    form.lblName.Caption = "Your &name";
+    form.lstPlayers.AccessibleName = "Players";
+    form.updPiece.AccessibleName = "Piece";
+    Show(form);
+    EXPECT_EQ(Find(form.cmdRoll).accessibleName(), "Roll the dice");
+    EXPECT_EQ(Find(form.cmdRoll).accessibleDescription(), "Roll the dice");
+    EXPECT_EQ(Find(form.cmdRoll).toolTip(), "Roll the dice");
+    EXPECT_EQ(Find(form.txtName).accessibleName(), "Your name");
+    EXPECT_EQ(Find(form.lstPlayers).accessibleName(), "Players");
+    EXPECT_EQ(Find(form.lblName).accessibleName(), "");
+    EXPECT_EQ(Find<QPushButton>(form.cmdOk).text(), "&Ok");
+}
+
+TEST_F(Showing, KeepsAKeyboardTwinOutOfSight) {
+    Show(form);
+    EXPECT_FALSE(WindowOf(form)->rect().intersects(Find(form.cmdFakeRoll).geometry()));
+    EXPECT_EQ(Find(form.cmdFakeRoll).focusPolicy(), Qt::NoFocus);
+}
+
+TEST_F(Showing, MinimisesAndRestoresWithTheForm) {
+    int resizes = 0;
+    form.Frame = WindowFrame::FullScreen;
+    form.Resize = [&resizes] { ++resizes; };
+    Show(form);
+    form.WindowState = WindowState::Minimised;
+    screen.PumpEvents();
+    EXPECT_TRUE(WindowOf(form)->isMinimized());
+    EXPECT_EQ(resizes, 0);
+    screen.BringForward();
+    EXPECT_EQ(form.WindowState, WindowState::Normal);
+    EXPECT_EQ(resizes, 1);
+}
+
+TEST_F(Showing, ShowsAnUnloadedFormAfresh) {
+    Show(form);
+    form.Unload();
+    EXPECT_EQ(WindowOf(form), nullptr);
+    form.lblName.Caption = "Again";
+    Show(form);
+    EXPECT_EQ(Find<QLabel>(form.lblName).text(), "Again");
+}
+
+TEST_F(Showing, MeasuresTextAsLabelsWrapIt) {
+    const Font font{"DejaVu Sans", 10, false};
+    const int line = screen.TextHeight(font, "Gg", 500);
+    EXPECT_GT(line, 0);
+    EXPECT_EQ(screen.TextHeight(font, "one two three", 500), line);
+    EXPECT_EQ(screen.TextHeight(font, "one two three", 1), 3 * line);
+    EXPECT_EQ(screen.TextHeight(font, "one two", -40), 2 * line);
+    EXPECT_EQ(screen.TextHeight(font, "<br><br>x", 500), line);
+}
+
+}  // namespace
+}  // namespace tabulon

@@ -1,0 +1,283 @@
+#include <QAbstractButton>
+#include <QElapsedTimer>
+#include <QMessageBox>
+#include <QWindow>
+
+#include "qt/screen_test.h"
+
+namespace tabulon {
+namespace {
+
+using testing::ElementsAre;
+
+class Waiting : public ScreenTest {
+  protected:
+    std::function<void()> Log(const std::string& what) {
+        return [this, what] { log.push_back(what); };
+    }
+
+    TestForm dialog{screen, "dlgTest"};
+    std::vector<std::string> log;
+};
+
+TEST_F(Waiting, AModalFormHoldsItsCallerUntilItIsHidden) {
+    form.cmdOk.Click = [this] {
+        dialog.ShowModal();
+        log.push_back("closed");
+    };
+    dialog.cmdOk.Click = [this] {
+        log.push_back("ok");
+        dialog.Hide();
+    };
+    Show(form);
+    Soon([this] {
+        EXPECT_TRUE(WindowOf(dialog)->isModal());
+        Click(dialog.cmdOk);
+        EXPECT_THAT(log, ElementsAre("ok"));
+    });
+    Click(form.cmdOk);
+    EXPECT_THAT(log, ElementsAre("ok", "closed"));
+    EXPECT_EQ(WindowOf(dialog), nullptr);
+    EXPECT_TRUE(dialog.Loaded);
+}
+
+TEST_F(Waiting, OtherWindowsTakeNoKeysDuringAModalForm) {
+    form.KeyDown = [this](int, int) { return !(log.push_back("main"), false); };
+    dialog.KeyDown = [this](int, int) { return (dialog.Hide(), true); };
+    Show(form);
+    Soon([this] {
+        Press(form, Qt::Key_O);
+        Press(dialog, Qt::Key_O);
+    });
+    dialog.ShowModal();
+    EXPECT_TRUE(log.empty());
+}
+
+TEST_F(Waiting, UnloadingEndsTheWaitAndTheFrameMayBeRefused) {
+    dialog.refuseToClose = true;
+    Soon([this] {
+        WindowOf(dialog)->close();
+        EXPECT_NE(WindowOf(dialog), nullptr);
+        dialog.refuseToClose = false;
+        WindowOf(dialog)->close();
+    });
+    dialog.ShowModal();
+    EXPECT_EQ(dialog.unloads, 1);
+    EXPECT_FALSE(dialog.Loaded);
+}
+
+TEST_F(Waiting, WhatAHandlerThrowsLeavesTheInnermostWait) {
+    dialog.cmdOk.Click = [] { throw Failure(FailureNumber::Overflow); };
+    Soon([this] { Click(dialog.cmdOk); });
+    EXPECT_THROW(dialog.ShowModal(), Failure);
+    EXPECT_FALSE(dialog.Visible);
+
+    Show(form);
+    form.cmdOk.Click = [] { throw ProgramEnd{}; };
+    Soon([this] { Click(form.cmdOk); });
+    EXPECT_THROW(screen.PumpEvents(), ProgramEnd);
+    EXPECT_NO_THROW(screen.PumpEvents());
+}
+
+TEST_F(Waiting, HandlersWaitUntilAnExceptionIsTaken) {
+    form.cmdOk.Click = [] { throw Failure(FailureNumber::Overflow); };
+    form.cmdRoll.Click = Log("roll");
+    Show(form);
+    Click(form.cmdOk);
+    Click(form.cmdRoll);
+    EXPECT_TRUE(log.empty());
+    EXPECT_THROW(screen.PumpEvents(), Failure);
+    screen.PumpEvents();
+    EXPECT_THAT(log, ElementsAre("roll"));
+}
+
+TEST_F(Waiting, RunEndsWithTheLastForm) {
+    Show(form);
+    dialog.Load();
+    form.cmdOk.Click = [this] {
+        form.Unload();
+        Soon([this] { dialog.Unload(); });
+    };
+    Soon([this] { Click(form.cmdOk); });
+    EXPECT_EQ(screen.Run(), 0);
+    EXPECT_TRUE(screen.LoadedForms().empty());
+}
+
+TEST_F(Waiting, RunEndsAtOnceWhenTheProgramDoes) {
+    form.cmdOk.Click = [] { throw ProgramEnd{}; };
+    Show(form);
+    Soon([this] { Click(form.cmdOk); });
+    EXPECT_EQ(screen.Run(), 0);
+    EXPECT_TRUE(form.Loaded);
+}
+
+TEST_F(Waiting, RunShowsAFailureThatNobodyTookAndGoesOn) {
+    QString shown;
+    form.cmdOk.Click = [this, &shown] {
+        Soon([this, &shown] {
+            auto* box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
+            shown = box->text();
+            Soon([this] { form.Unload(); });
+            box->button(QMessageBox::Ok)->click();
+        });
+        throw Failure(FailureNumber::CustomError, "No <b>board</b>");
+    };
+    Show(form);
+    Soon([this] { Click(form.cmdOk); });
+    screen.Run();
+    EXPECT_EQ(shown, "No <b>board</b>");
+}
+
+struct SleepRow {
+    const char* name;
+    void (*act)(QWidget& button);
+};
+class Sleeping : public Waiting, public testing::WithParamInterface<SleepRow> {};
+
+TEST_P(Sleeping, HoldsWhatComesForTheNextPump) {
+    form.cmdOk.Click = Log("click");
+    Show(form);
+    bool acted = false;
+    Soon([this, &acted] {
+        GetParam().act(Find(form.cmdOk));
+        acted = true;
+    });
+    screen.Sleep(5);
+    EXPECT_TRUE(acted);
+    EXPECT_TRUE(log.empty());
+    screen.PumpEvents();
+    EXPECT_THAT(log, ElementsAre("click"));
+}
+INSTANTIATE_TEST_SUITE_P(
+    All, Sleeping,
+    testing::Values(SleepRow{"Mouse", [](QWidget& button) { QTest::mouseClick(&button, Qt::LeftButton); }},
+                    SleepRow{"Key", [](QWidget& button) { QTest::keyClick(&button, Qt::Key_Space); }},
+                    SleepRow{"ScreenReader",
+                             [](QWidget& button) { dynamic_cast<QAbstractButton&>(button).click(); }}),
+    [](const auto& row) { return row.param.name; });
+
+TEST_F(Waiting, SleepShowsChangesAndTakesItsTime) {
+    Show(form);
+    form.cmdOk.Visible = false;
+    QElapsedTimer slept;
+    slept.start();
+    screen.Sleep(30);
+    EXPECT_GE(slept.elapsed(), 30);
+    EXPECT_TRUE(Find(form.cmdOk).isHidden());
+}
+
+TEST_F(Waiting, AHeldClickFindsTheButtonAsItIsThen) {
+    form.cmdOk.Click = Log("click");
+    Show(form);
+    Soon([this] { Click(form.cmdOk); });
+    screen.Sleep(1);
+    form.cmdOk.Enabled = false;
+    screen.PumpEvents();
+    EXPECT_TRUE(log.empty());
+}
+
+TEST_F(Waiting, FlushedKeysAreForgottenClicksAreNot) {
+    form.KeyDown = [this](int, int) { return (log.push_back("key"), true); };
+    form.cmdOk.Click = Log("click");
+    Show(form);
+    Soon([this] {
+        Press(form, Qt::Key_O);
+        Click(form.cmdOk);
+    });
+    screen.Sleep(1);
+    screen.FlushKeys();
+    screen.PumpEvents();
+    EXPECT_THAT(log, ElementsAre("click"));
+}
+
+TEST_F(Waiting, TimersFireInPumpsAndWaitsOnly) {
+    form.Timer1.Tick = Log("tick");
+    form.Timer1.Enabled = true;
+    form.Timer1.Interval = 10;
+    Show(form);
+    screen.Sleep(40);
+    QTest::qWait(20);
+    EXPECT_TRUE(log.empty());
+    screen.PumpEvents();
+    EXPECT_THAT(log, ElementsAre("tick"));
+}
+
+TEST_F(Waiting, ATimerEndsAModalWaitByItself) {
+    dialog.Timer1.Enabled = true;
+    dialog.Timer1.Tick = [this] { dialog.Unload(); };
+    QElapsedTimer waited;
+    waited.start();
+    dialog.ShowModal();
+    EXPECT_GE(waited.elapsed(), dialog.Timer1.Interval);
+    EXPECT_EQ(dialog.Timer1.DueAt, Timer::NotArmed);
+}
+
+TEST_F(Waiting, ATimerIsNotEnteredAgainFromItsOwnHandler) {
+    form.Timer1.Interval = 1;
+    form.Timer1.Enabled = true;
+    form.Timer1.Tick = [this] {
+        log.push_back("tick");
+        screen.Sleep(5);
+        screen.PumpEvents();
+        form.Timer1.Enabled = false;
+    };
+    Show(form);
+    screen.Sleep(5);
+    screen.PumpEvents();
+    EXPECT_THAT(log, ElementsAre("tick"));
+}
+
+TEST_F(Waiting, AFormMayUnloadItselfInAnyHandler) {
+    Show(form);
+    for (Control* control : std::vector<Control*>{&form.cmdOk, &form.lblName, &form.imgPiece}) {
+        control->Click = [this] { form.Unload(); };
+        Show(form);
+        Click(*control);
+        screen.PumpEvents();
+        EXPECT_FALSE(form.Loaded) << control->Name;
+    }
+    form.KeyDown = [this](int, int) { return (form.Unload(), false); };
+    Show(form);
+    Press(form, Qt::Key_O);
+    EXPECT_FALSE(form.Loaded);
+}
+
+struct BoxRow {
+    const char* name;
+    BoxButtons buttons;
+    QMessageBox::StandardButton pressed;
+    BoxAnswer answer;
+};
+class MessageBoxAnswer : public Waiting, public testing::WithParamInterface<BoxRow> {};
+
+TEST_P(MessageBoxAnswer, IsTheButtonThatWasPressed) {
+    Soon([] {
+        auto* box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
+        EXPECT_EQ(box->windowTitle(), "Tab Player");
+        if (QAbstractButton* button = box->button(GetParam().pressed))
+            button->click();
+        else
+            box->close();
+    });
+    EXPECT_EQ(screen.MsgBox("Go on?", BoxIcon::Question, GetParam().buttons, {}), GetParam().answer);
+}
+INSTANTIATE_TEST_SUITE_P(
+    All, MessageBoxAnswer,
+    testing::Values(BoxRow{"Ok", BoxButtons::Ok, QMessageBox::Ok, BoxAnswer::Ok},
+                    BoxRow{"Cancel", BoxButtons::OkCancel, QMessageBox::Cancel, BoxAnswer::Cancel},
+                    BoxRow{"Yes", BoxButtons::YesNo, QMessageBox::Yes, BoxAnswer::Yes},
+                    BoxRow{"No", BoxButtons::YesNoCancel, QMessageBox::No, BoxAnswer::No},
+                    BoxRow{"ClosedByTheFrame", BoxButtons::YesNoCancel, QMessageBox::NoButton,
+                           BoxAnswer::Cancel}),
+    [](const auto& row) { return row.param.name; });
+
+TEST_F(Waiting, TheHourglassIsSetAndTakenBackOnce) {
+    screen.SetMousePointer(MousePointer::Hourglass);
+    screen.SetMousePointer(MousePointer::Hourglass);
+    EXPECT_NE(QApplication::overrideCursor(), nullptr);
+    screen.SetMousePointer(MousePointer::Default);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+}  // namespace
+}  // namespace tabulon
