@@ -13,7 +13,8 @@ namespace {
 constexpr std::size_t LargestPictureFile = 64u << 20;
 
 bool HasRunningTimer(const Form& form) {
-    return std::any_of(form.Timers.begin(), form.Timers.end(), [](const Timer* timer) { return timer->Enabled; });
+    return std::any_of(form.Timers.begin(), form.Timers.end(),
+                       [](const Timer* timer) { return timer->Enabled; });
 }
 
 }  // namespace

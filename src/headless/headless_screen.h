@@ -24,7 +24,8 @@ class HeadlessUser {
                                 const std::string& title) = 0;
 };
 
-/// Plays forms without a window. Its clock stands still but for sleeps and for waits, which jump to the next timer.
+/// Plays forms without a window. Its clock stands still but for sleeps and for waits, which jump to the next
+/// timer.
 class HeadlessScreen final : public Screen {
   public:
     struct Size {
@@ -55,7 +56,8 @@ class HeadlessScreen final : public Screen {
     int WidthPixels() const override { return m_size.Width; }
     int HeightPixels() const override { return m_size.Height; }
     int LogicalPixelsPerInch() const override { return m_size.PixelsPerInch; }
-    BoxAnswer MsgBox(const std::string& text, BoxIcon icon, BoxButtons buttons, const std::string& title) override {
+    BoxAnswer MsgBox(const std::string& text, BoxIcon icon, BoxButtons buttons,
+                     const std::string& title) override {
         return m_user.AnswerBox(text, icon, buttons, title);
     }
 

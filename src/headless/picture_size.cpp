@@ -26,7 +26,9 @@ std::uint32_t Little32(std::string_view bytes, std::size_t at) {
     return Little16(bytes, at) | Little16(bytes, at + 2) << 16;
 }
 
-std::uint32_t Big16(std::string_view bytes, std::size_t at) { return Byte(bytes, at) << 8 | Byte(bytes, at + 1); }
+std::uint32_t Big16(std::string_view bytes, std::size_t at) {
+    return Byte(bytes, at) << 8 | Byte(bytes, at + 1);
+}
 
 std::uint32_t Big32(std::string_view bytes, std::size_t at) {
     return Big16(bytes, at) << 16 | Big16(bytes, at + 2);
@@ -41,7 +43,8 @@ PictureSize Checked(std::int64_t width, std::int64_t height) {
 PictureSize SizeOfBitmap(std::string_view bytes) {
     constexpr std::uint32_t CoreHeader = 12;
     if (Little32(bytes, 14) == CoreHeader) return Checked(Little16(bytes, 18), Little16(bytes, 20));
-    return Checked(static_cast<std::int32_t>(Little32(bytes, 18)), static_cast<std::int32_t>(Little32(bytes, 22)));
+    return Checked(static_cast<std::int32_t>(Little32(bytes, 18)),
+                   static_cast<std::int32_t>(Little32(bytes, 22)));
 }
 
 /// Walks the segments to the frame header (ITU T.81, B.2.2).
@@ -50,7 +53,8 @@ PictureSize SizeOfJpeg(std::string_view bytes) {
     while (true) {
         if (Byte(bytes, at) != 0xFF) NoPicture();
         const std::uint32_t marker = Byte(bytes, at + 1);
-        const bool frame = marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC;
+        const bool frame =
+            marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC;
         if (frame) return Checked(Big16(bytes, at + 7), Big16(bytes, at + 5));
         at += marker == 0xFF ? 1 : 2 + Big16(bytes, at + 2);
     }

@@ -9,8 +9,8 @@ struct PictureSize {
     int Height = 0;
 };
 
-/// The size that the header of a BMP, GIF, JPEG or PNG file tells, in pixels. Fails with InvalidPicture for anything
-/// else, and for a side that is 0 or above 16384.
+/// The size that the header of a BMP, GIF, JPEG or PNG file tells, in pixels. Fails with InvalidPicture for
+/// anything else, and for a side that is 0 or above 16384.
 PictureSize SizeOfPicture(std::string_view bytes);
 
 }  // namespace tabulon

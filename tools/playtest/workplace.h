@@ -1,0 +1,62 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "headless/headless_screen.h"
+#include "headless/play_user.h"
+
+namespace tabulon::playtest {
+
+/// A desktop on which nothing can be opened or started.
+class NoShell final : public Shell {
+  public:
+    void Open(const std::string&) override {}
+    void Start(const std::filesystem::path&, const std::vector<std::string>&) override {}
+    bool PreviousInstance() override { return false; }
+    bool RaisePreviousInstance() override { return false; }
+};
+
+/// A folder of its own that goes with the object.
+class TemporaryFolder {
+  public:
+    TemporaryFolder();
+    ~TemporaryFolder();
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    const std::filesystem::path& Path() const { return m_path; }
+
+  private:
+    std::filesystem::path m_path;
+};
+
+/// A machine without a window, with one package installed in a store of its own, and a Player on it.
+class Workplace {
+  public:
+    struct Settings {
+        std::filesystem::path Package;
+        bool SmallFonts = true;
+        LocalTime Start{};
+    };
+
+    /// Fails with Unusable when the package cannot be installed as a game.
+    Workplace(const Settings& settings, PlayUser& user, Random& random);
+
+    Program& ThePlayer() { return *m_program; }
+    const HeadlessScreen& Screen() const { return m_screen; }
+
+  private:
+    void Install(const std::string& key);
+
+    TemporaryFolder m_folder;
+    HeadlessScreen m_screen;
+    VirtualClock m_clock;
+    NoShell m_shell;
+    SilentOggPlayer m_player;
+    SettingsStore m_store{":memory:"};
+    std::unique_ptr<Program> m_program;
+};
+
+}  // namespace tabulon::playtest
