@@ -37,7 +37,9 @@ void CardDraw::CarryOut(const CCard& card, const Outcome& outcome, bool& ReturnT
         case atMoveForward:
         case atMoveBack:
         case atGoToSpace:
-        case atGoToStart: Move(outcome, ReturnToPrevious); break;
+        case atGoToStart:
+            Move(outcome, ReturnToPrevious);
+            break;
         case atLosePoints:
         case atGainPoints:
         case atPayEachPlayer:
@@ -48,10 +50,17 @@ void CardDraw::CarryOut(const CCard& card, const Outcome& outcome, bool& ReturnT
             ReturnToPrevious = status;
             break;
         }
-        case atLoseTurns: state.LoseTurns[state.RuleA(seat)] = outcome.CardData1; break;
-        case atExtraTurns: state.ExtraTurns[state.RuleA(seat)] = outcome.CardData1; break;
-        case atRollDouble: state.RollDouble[state.RuleA(seat)] = true; break;
-        default: break;
+        case atLoseTurns:
+            state.LoseTurns[state.RuleA(seat)] = outcome.CardData1;
+            break;
+        case atExtraTurns:
+            state.ExtraTurns[state.RuleA(seat)] = outcome.CardData1;
+            break;
+        case atRollDouble:
+            state.RollDouble[state.RuleA(seat)] = true;
+            break;
+        default:
+            break;
     }
 }
 

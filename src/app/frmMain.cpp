@@ -21,8 +21,10 @@ FrmMain::FrmMain(Globals& g, const MainFormParts& parts)
       m_transfers(g, *this),
       m_movement(g, *this, m_board, m_pieces, parts.control.frmGameMusic, parts.control.dlgMsgOk),
       m_cards(g, *this, m_movement, m_transfers, parts.dlgDrawCard),
-      m_actions(g, *this, m_movement, m_transfers, m_cards, parts.control.frmGameMusic, parts.control.dlgMsgOk),
-      m_turns(g, *this, m_board, m_pieces, m_devices, m_movement, m_actions, m_transfers, parts.control.frmGameMusic),
+      m_actions(g, *this, m_movement, m_transfers, m_cards, parts.control.frmGameMusic,
+                parts.control.dlgMsgOk),
+      m_turns(g, *this, m_board, m_pieces, m_devices, m_movement, m_actions, m_transfers,
+              parts.control.frmGameMusic),
       m_control(g, *this, parts.control, m_board, m_pieces, m_devices, m_transfers) {
     WireButtons();
     WireTwins();
@@ -53,7 +55,9 @@ void FrmMain::WireTwins() {
     cmdFakeQuit.Click = [this] { cmdQuit_Click(); };
 }
 
-void FrmMain::LoadGame(const std::string& directory, const std::string& name) { m_control.LoadGame(directory, name); }
+void FrmMain::LoadGame(const std::string& directory, const std::string& name) {
+    m_control.LoadGame(directory, name);
+}
 
 void FrmMain::LoadSavedGame(const std::string& SavedGameName) { m_control.LoadSavedGame(SavedGameName); }
 
@@ -192,8 +196,8 @@ void FrmMain::FocusTurnButton() {
 
 void FrmMain::cmdTabulon_Click() {
     Procedure(m_g.gErrHandler, "frmMain:cmdTabulon_Click", [&] {
-        const std::string builder =
-            ToText(m_g.Registry.RegistryGetKeyValue(HKEY_LOCAL_MACHINE, std::string(ProductKey), "BuilderPath"));
+        const std::string builder = ToText(
+            m_g.Registry.RegistryGetKeyValue(HKEY_LOCAL_MACHINE, std::string(ProductKey), "BuilderPath"));
         if (builder.empty()) {
             OpenInBrowser(m_g.Shell, m_g.gErrHandler, ProductPage);
         } else {

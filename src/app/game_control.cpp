@@ -1,5 +1,6 @@
 #include "app/game_control.h"
 
+#include "board/piece_pictures.h"
 #include "content/required.h"
 #include "platform/numbers.h"
 #include "platform/text.h"
@@ -38,7 +39,7 @@ void GameControl::cmdLoadGame_Click() {
         std::int32_t count = 0;
         bool newGame = false;
         bool chosen = false;
-        m_parts.dlgLoadGame.GetData(games, gameNames, descriptions, count, false, newGame, chosen);
+        m_parts.dlgLoadGame.GetData(games, gameNames, descriptions, count, nullptr, newGame, chosen);
         if (!chosen) return;
         m_board.LoadGameBoard();
         if (newGame) {
@@ -81,7 +82,8 @@ void GameControl::LoadGame(const std::string& GameDirectory, const std::string& 
 
 void GameControl::LoadSavedGame(const std::string& SavedGameName) {
     Procedure(m_g.gErrHandler, "frmMain:LoadSavedGame", [&] {
-        m_parts.savedGames.LoadGame(m_form.GameDirectory, SavedGameName, m_form.State, m_form);
+        m_parts.savedGames.LoadGame(m_form.GameDirectory, m_form.State.GoalType, SavedGameName, m_form.State,
+                                    m_form);
         m_form.State.SavedGameLoaded = true;
     });
 }
@@ -181,7 +183,7 @@ void GameControl::FillLoadedPlate(Integer seat) {
     const PlayState& state = m_form.State;
     const float pixel = m_g.TheScreen.TwipsPerPixelY();
     const Integer plate = seat - 1;
-    m_form.imgCharacter[plate].Picture = m_parts.dlgPlayers.PictureOf(state.PieceName[seat]);
+    m_form.imgCharacter[plate].Picture = PieceByKey(state.PieceName[seat]);
     m_form.imgPlayingPiece[plate].Picture = m_form.imgCharacter[plate].Picture;
     Label& name = m_form.lblName[plate];
     name.Caption = state.Name[seat];

@@ -37,7 +37,8 @@ class GameControl {
           m_devices(devices),
           m_transfers(transfers) {}
 
-    /// With AskPlayers the players are asked for first, and the start can be cancelled; otherwise the same play again.
+    /// With AskPlayers the players are asked for first, and the start can be cancelled; otherwise the same
+    /// play again.
     void StartNewGame(bool AskPlayers);
     /// Goes on with what LoadSavedGame restored.
     void StartLoadedGame();

@@ -31,7 +31,8 @@ Integer Movement::Wrapped(Integer position) {
         } else {
             wrapped = game.Spaces.Item(count).Sequence.Value();
         }
-        if (wrapped > count && wrapped == before) m_g.TheScreen.WaitForEver("a move past the end of the board");
+        if (wrapped > count && wrapped == before)
+            m_g.TheScreen.WaitForEver("a move past the end of the board");
     }
     return wrapped;
 }
@@ -59,11 +60,20 @@ void Movement::MovePlayerAction(Integer Player, Integer Amount, Integer MoveType
             return;
         }
         switch (MoveType.Value()) {
-            case atMoveForward: position = Forward(position, Amount, StartValue.value_or(0)); break;
-            case atMoveBack: position = Backward(position, Amount, StartValue, ReturnToPrevious); break;
-            case atGoToSpace: position = Amount; break;
-            case atGoToStart: position = 1; break;
-            default: break;
+            case atMoveForward:
+                position = Forward(position, Amount, StartValue.value_or(0));
+                break;
+            case atMoveBack:
+                position = Backward(position, Amount, StartValue, ReturnToPrevious);
+                break;
+            case atGoToSpace:
+                position = Amount;
+                break;
+            case atGoToStart:
+                position = 1;
+                break;
+            default:
+                break;
         }
     });
 }
@@ -82,7 +92,8 @@ Integer Movement::Forward(Integer position, Integer amount, Integer start) {
     return reached.Value() > count ? Integer(reached.Value() - count) : reached;
 }
 
-Integer Movement::Backward(Integer position, Integer amount, std::optional<Integer> start, bool& ReturnToPrevious) {
+Integer Movement::Backward(Integer position, Integer amount, std::optional<Integer> start,
+                           bool& ReturnToPrevious) {
     const CGame& game = Required(m_form.Game);
     if (start && *start == 0) return position - amount;
     const Integer reached = start.value_or(position) - amount;

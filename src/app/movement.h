@@ -13,13 +13,15 @@ namespace tabulon {
 /// Moves the pieces: by the number of a turn device, and by the order of a space or card. A piece jumps.
 class Movement {
   public:
-    Movement(Globals& g, MainForm& form, BoardView& board, Pieces& pieces, FrmGameMusic& music, DlgMsgOk& dlgMsgOk)
+    Movement(Globals& g, MainForm& form, BoardView& board, Pieces& pieces, FrmGameMusic& music,
+             DlgMsgOk& dlgMsgOk)
         : m_g(g), m_form(form), m_board(board), m_pieces(pieces), m_music(music), m_dlgMsgOk(dlgMsgOk) {}
 
     /// Moves a seat by what its turn device gave, and ends a game whose aim is the end of the board.
     void MovePlayerToNewSpace(Integer Player, Integer Amount);
-    /// Carries out the action codes 1 to 4 for a seat; any other does nothing. An illegal move is told and dropped.
-    /// It wraps round on every kind of board, never ends a game, and the space that it reaches does not act.
+    /// Carries out the action codes 1 to 4 for a seat; any other does nothing. An illegal move is told and
+    /// dropped. It wraps round on every kind of board, never ends a game, and the space that it reaches does
+    /// not act.
     void MovePlayerAction(Integer Player, Integer Amount, Integer MoveType, bool& ReturnToPrevious,
                           std::optional<Integer> StartValue = {});
     /// Celebrates and tells the end of the game. `drawPieces` brings the pieces back onto the board.

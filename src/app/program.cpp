@@ -8,13 +8,14 @@ namespace tabulon {
 
 Program::Program(const Machine& machine)
     : globals(machine),
-      frmMain(globals, {{packages, savedGames, frmGameMusic, dlgMsgOk, dlgMsgYesNo, dlgPlayers, dlgLoadGame, frmSplash},
+      frmMain(globals, {{packages, savedGames, frmGameMusic, dlgMsgOk, dlgMsgYesNo, dlgPlayers, dlgLoadGame,
+                         frmSplash},
                         frmTabulonSplash,
                         frmSlots,
                         dlgDrawCard}),
       dlgPlayers(globals, frmGameMusic, frmMain),
       dlgInstallGames(globals, packages),
-      dlgLoadGame(globals, packages, savedGames, frmGameMusic, dlgInstallGames, frmMain, frmMain),
+      dlgLoadGame(globals, {frmGameMusic, packages, savedGames, dlgInstallGames, frmMain, frmMain}),
       frmTabulonSplash(globals, frmMain, frmSplash, frmGameMusic, dlgLoadGame),
       m_dataDirectory(machine.DataDirectory),
       m_store(machine.Store) {
@@ -37,10 +38,11 @@ void Program::WarnOfDataDirectory() {
     if (trouble.empty() && access(m_dataDirectory.c_str(), W_OK) != 0)
         trouble = "The folder " + m_dataDirectory.string() + " cannot be written.";
     if (trouble.empty()) return;
-    globals.TheScreen.MsgBox(trouble +
-                                 "\r\n\r\nGames may not start, and nothing can be saved or installed, until this is "
-                                 "put right. Ask whoever looks after this computer.",
-                             BoxIcon::Exclamation, BoxButtons::Ok, globals.Application.Title);
+    globals.TheScreen.MsgBox(
+        trouble +
+            "\r\n\r\nGames may not start, and nothing can be saved or installed, until this is "
+            "put right. Ask whoever looks after this computer.",
+        BoxIcon::Exclamation, BoxButtons::Ok, globals.Application.Title);
 }
 
 }  // namespace tabulon

@@ -12,13 +12,14 @@ namespace {
 constexpr float AsManyAsRolled = -1;
 
 /// The sound of each action code.
-constexpr const char* Sounds[] = {"",           "good_move", "bad_move",   "",          "bad_move",
+constexpr const char* Sounds[] = {"",           "good_move",  "bad_move",  "",           "bad_move",
                                   "bad_point",  "good_point", "bad_point", "good_point", "lose_turn",
-                                  "extra_turn", "bad_roll",  "bad_roll"};
+                                  "extra_turn", "bad_roll",   "bad_roll"};
 
 Integer Data1Of(const CSpace& space) { return ToInteger(static_cast<double>(space.Data1)); }
 
-/// For the codes whose second value says whether the mover goes back; another value than 0 and 1 says nothing.
+/// For the codes whose second value says whether the mover goes back; another value than 0 and 1 says
+/// nothing.
 void ReadReturn(const CSpace& space, bool& ReturnToPrevious) {
     if (space.ActionType == atDrawCard) ReturnToPrevious = space.Data2 == 1;
     if (space.ActionType < atLoseTurns) return;
@@ -53,18 +54,24 @@ void SpaceActions::DisplaySpaceActionMessage(const std::string& Message) {
 
 void SpaceActions::CarryOut(const CSpace& space, bool& ReturnToPrevious, Integer& PreviousSpace) {
     switch (space.ActionType.Value()) {
-        case atDrawCard: m_cards.DrawCard(Data1Of(space), ReturnToPrevious, PreviousSpace); break;
+        case atDrawCard:
+            m_cards.DrawCard(Data1Of(space), ReturnToPrevious, PreviousSpace);
+            break;
         case atMoveForward:
         case atMoveBack:
         case atGoToSpace:
-        case atGoToStart: Move(space, ReturnToPrevious); break;
+        case atGoToStart:
+            Move(space, ReturnToPrevious);
+            break;
         case atLosePoints:
         case atGainPoints:
         case atPayEachPlayer:
         case atCollectFromEach:
             m_transfers.TransferPoints(m_form.State.WhoseTurn, Data1Of(space), space.ActionType);
             break;
-        default: SetCounter(space); break;
+        default:
+            SetCounter(space);
+            break;
     }
 }
 
@@ -81,11 +88,20 @@ void SpaceActions::SetCounter(const CSpace& space) {
     PlayState& state = m_form.State;
     const Integer seat = state.WhoseTurn;
     switch (space.ActionType.Value()) {
-        case atLoseTurns: state.LoseTurns[state.RuleA(seat)] = Data1Of(space); break;
-        case atExtraTurns: state.ExtraTurns[PlayState::RuleB(seat)] = Data1Of(space); break;
-        case atRollDouble: state.RollDouble[PlayState::RuleB(seat)] = true; break;
-        case atRollNumber: state.RollNumber[PlayState::RuleB(seat)] = Data1Of(space); break;
-        default: break;
+        case atLoseTurns:
+            state.LoseTurns[state.RuleA(seat)] = Data1Of(space);
+            break;
+        case atExtraTurns:
+            state.ExtraTurns[PlayState::RuleB(seat)] = Data1Of(space);
+            break;
+        case atRollDouble:
+            state.RollDouble[PlayState::RuleB(seat)] = true;
+            break;
+        case atRollNumber:
+            state.RollNumber[PlayState::RuleB(seat)] = Data1Of(space);
+            break;
+        default:
+            break;
     }
 }
 

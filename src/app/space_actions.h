@@ -21,8 +21,8 @@ class SpaceActions {
           m_music(music),
           m_dlgMsgOk(dlgMsgOk) {}
 
-    /// Shows the space's message and carries out its action. ReturnToPrevious becomes True when the mover goes back
-    /// to where the turn began.
+    /// Shows the space's message and carries out its action. ReturnToPrevious becomes True when the mover
+    /// goes back to where the turn began.
     void Act(Integer Sequence, bool& ReturnToPrevious, Integer& PreviousSpace);
 
   private:

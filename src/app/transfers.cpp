@@ -29,11 +29,20 @@ void Transfers::SelectPlayerPiece(Integer Player) {
 void Transfers::TransferPoints(Integer Player, Integer Amount, Integer TransferType) {
     Procedure(m_g.gErrHandler, "frmMain:TransferPoints", [&] {
         switch (TransferType.Value()) {
-            case atLosePoints: AddPointsToPlayer(Player, -Amount); break;
-            case atGainPoints: AddPointsToPlayer(Player, Amount); break;
-            case atPayEachPlayer: PayEachPlayer(Player, Amount); break;
-            case atCollectFromEach: CollectFromEach(Player, Amount); break;
-            default: break;
+            case atLosePoints:
+                AddPointsToPlayer(Player, -Amount);
+                break;
+            case atGainPoints:
+                AddPointsToPlayer(Player, Amount);
+                break;
+            case atPayEachPlayer:
+                PayEachPlayer(Player, Amount);
+                break;
+            case atCollectFromEach:
+                CollectFromEach(Player, Amount);
+                break;
+            default:
+                break;
         }
     });
 }

@@ -13,7 +13,8 @@ class Transfers {
     void AddPointsToPlayer(Integer Player, Integer Amount);
     /// Marks the seat on the plates; all others become white, a bankrupt's red too.
     void SelectPlayerPiece(Integer Player);
-    /// Pays by the action codes 5 to 8; any other does nothing. Who cannot pay, or pays the last, goes bankrupt.
+    /// Pays by the action codes 5 to 8; any other does nothing. Who cannot pay, or pays the last, goes
+    /// bankrupt.
     void TransferPoints(Integer Player, Integer Amount, Integer TransferType);
 
   private:

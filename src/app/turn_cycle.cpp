@@ -75,13 +75,14 @@ void TurnCycle::ActOnSpace() {
 void TurnCycle::TestWinByPoints() {
     const PlayState& state = m_form.State;
     if (state.GoalType != Goal::Points && state.GoalType != Goal::Money) return;
-    if (state.Points[PlayState::RuleB(state.WhoseTurn)].Value() < Required(m_form.Game).FinishCondition) return;
+    if (state.Points[PlayState::RuleB(state.WhoseTurn)].Value() < Required(m_form.Game).FinishCondition)
+        return;
     m_movement.EndGame("Game Over!  \r\n" + state.Name[state.RuleA(state.WhoseTurn)] + " won!",
                        [&] { m_pieces.Draw(); });
 }
 
-// The walk looks at every seat from the next one on, and each bankrupt one pushes the turn one further, also one
-// that lies behind a free seat. After the wrap seat 1 is not looked at.
+// The walk looks at every seat from the next one on, and each bankrupt one pushes the turn one further, also
+// one that lies behind a free seat. After the wrap seat 1 is not looked at.
 void TurnCycle::ChooseNextSeat() {
     PlayState& state = m_form.State;
     if (state.ExtraTurns[PlayState::RuleB(state.WhoseTurn)] != 0) return;

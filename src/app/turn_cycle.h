@@ -8,8 +8,8 @@ namespace tabulon {
 /// One turn from the roll to the choice of the next player, inside the click on the turn button.
 class TurnCycle {
   public:
-    TurnCycle(Globals& g, MainForm& form, BoardView& board, Pieces& pieces, TurnDevices& devices, Movement& movement,
-              SpaceActions& actions, Transfers& transfers, FrmGameMusic& music)
+    TurnCycle(Globals& g, MainForm& form, BoardView& board, Pieces& pieces, TurnDevices& devices,
+              Movement& movement, SpaceActions& actions, Transfers& transfers, FrmGameMusic& music)
         : m_g(g),
           m_form(form),
           m_board(board),

@@ -21,7 +21,8 @@ double Quotient(double dividend, double divisor) {
 void BoardView::LoadGameBoard() {
     Procedure(m_g.gErrHandler, "frmMain:LoadGameBoard", [&] {
         CGame& game = Required(m_form.Game);
-        m_packages.ExtractFile(m_g.AppDir / (m_form.GameDirectory + ".gam"), m_g.AppDir, game.BoardImage, false);
+        m_packages.ExtractFile(m_g.AppDir / (m_form.GameDirectory + ".gam"), m_g.AppDir, game.BoardImage,
+                               false);
         const Picture board = m_g.TheScreen.LoadPicture(FindFile(m_g.AppDir, game.BoardImage));
         m_boardPicture = board.File;
         m_form.picHolder.Picture = board;
@@ -66,8 +67,8 @@ void BoardView::PlaceBoxes() {
         const auto space = game.Spaces.ItemBySequence(positions[i]);
         if (!space) continue;
         Shape& box = m_form.tpbSpace[i];
-        box.Move(static_cast<float>(space->Left), static_cast<float>(space->Top), static_cast<float>(space->Width),
-                 static_cast<float>(space->Height));
+        box.Move(static_cast<float>(space->Left), static_cast<float>(space->Top),
+                 static_cast<float>(space->Width), static_cast<float>(space->Height));
         box.Visible = true;
     }
 }

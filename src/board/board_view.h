@@ -15,8 +15,8 @@ class BoardView {
     /// failure picture and factors are what they were.
     void LoadGameBoard();
     void HideSpaces();
-    /// Places the players' boxes and the marker, and counts the round when the first player is on. The pieces are
-    /// hidden by it and must be drawn afterwards.
+    /// Places the players' boxes and the marker, and counts the round when the first player is on. The pieces
+    /// are hidden by it and must be drawn afterwards.
     void DrawSpaces();
     void HidePlayers();
     /// Puts the marker on the space's corner in the overview.

@@ -56,9 +56,9 @@ void DlgDrawCard::RepositionElements() {
     });
 }
 
-void DlgDrawCard::GetData(const std::shared_ptr<CGame>& oGame, CCard& oCard,
-                          Integer& intActionType, Integer& intData1, Integer& intTries, bool& bDone,
-                          bool& bCorrect, bool bIsComputer, bool bStartMusic, bool& Result) {
+void DlgDrawCard::GetData(const std::shared_ptr<CGame>& oGame, CCard& oCard, Integer& intActionType,
+                          Integer& intData1, Integer& intTries, bool& bDone, bool& bCorrect, bool bIsComputer,
+                          bool bStartMusic, bool& Result) {
     Procedure(m_g.gErrHandler, "dlgDrawCard:GetData", [&] {
         Load();
         RepositionElements();

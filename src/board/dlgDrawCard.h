@@ -10,16 +10,16 @@
 
 namespace tabulon {
 
-/// Asks one card once. Its fields outlive its unloading: what an attempt without an answer reports is what the
-/// last answer left.
+/// Asks one card once. Its fields outlive its unloading: what an attempt without an answer reports is what
+/// the last answer left.
 class DlgDrawCard : public Form {
   public:
     DlgDrawCard(Globals& g, FrmGameMusic& music, DlgMsgOk& dlgMsgOk);
 
     /// Shows the card until it is answered or left. intTries and bDone are read too; the others are results.
-    void GetData(const std::shared_ptr<CGame>& oGame, CCard& oCard, Integer& intActionType,
-                 Integer& intData1, Integer& intTries, bool& bDone, bool& bCorrect, bool bIsComputer,
-                 bool bStartMusic, bool& Result);
+    void GetData(const std::shared_ptr<CGame>& oGame, CCard& oCard, Integer& intActionType, Integer& intData1,
+                 Integer& intTries, bool& bDone, bool& bCorrect, bool bIsComputer, bool bStartMusic,
+                 bool& Result);
 
     Label lblQuestion{*this, "lblQuestion"};
     ControlArray<Label, 4> lblIdentifier{*this, "lblIdentifier"};

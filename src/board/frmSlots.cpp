@@ -37,8 +37,8 @@ void FrmSlots::Design() {
     for (int i = 0; i < ReelCount; ++i) {
         const int left = i * ColumnSmallFonts + (ColumnSmallFonts - ViewSize) / 2;
         picSlotView[i].Move(static_cast<float>(left), ViewTop, ViewSize, ViewSize);
-        imgFrame[i].Move(static_cast<float>(left - FrameMargin), ViewTop - FrameMargin, ViewSize + 2 * FrameMargin,
-                         ViewSize + 2 * FrameMargin);
+        imgFrame[i].Move(static_cast<float>(left - FrameMargin), ViewTop - FrameMargin,
+                         ViewSize + 2 * FrameMargin, ViewSize + 2 * FrameMargin);
         imgFrame[i].Picture = Picture::Product("product/reel-frame");
         picSlotView[i].Visible = imgFrame[i].Visible = true;
         imgSlot[2 * i].Move(0, 0, ViewSize, ViewSize);
@@ -57,7 +57,8 @@ void FrmSlots::RepositionElements() {
     });
 }
 
-void FrmSlots::GetData(Array<Integer>& intValues, Integer intSlotsUsed, std::int32_t maxSlotValue, bool& Result) {
+void FrmSlots::GetData(Array<Integer>& intValues, Integer intSlotsUsed, std::int32_t maxSlotValue,
+                       bool& Result) {
     Procedure(
         m_g.gErrHandler, "frmSlots:GetData",
         [&] {

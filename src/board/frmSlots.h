@@ -8,8 +8,8 @@
 
 namespace tabulon {
 
-/// The slot machine: opens, runs its reels one after the other, and closes. The number that a reel stops on is what
-/// its scrolling arrives at.
+/// The slot machine: opens, runs its reels one after the other, and closes. The number that a reel stops on
+/// is what its scrolling arrives at.
 class FrmSlots : public Form {
   public:
     static constexpr int ReelCount = 6;
@@ -21,7 +21,8 @@ class FrmSlots : public Form {
 
     PictureBox picFrame{*this, "picFrame"};
     ControlArray<PictureBox, ReelCount> picSlotView{*this, "picSlotView", &picFrame};
-    ControlArray<Image, 2 * ReelCount> imgSlot{*this, "imgSlot", [this](int i) { return &picSlotView[i / 2]; }};
+    ControlArray<Image, 2 * ReelCount> imgSlot{*this, "imgSlot",
+                                               [this](int i) { return &picSlotView[i / 2]; }};
     ControlArray<Image, ReelCount> imgFrame{*this, "imgFrame", &picFrame};
 
   protected:
@@ -44,7 +45,8 @@ class FrmSlots : public Form {
     void MoveUp(Image& image);
     void PutBelow(Image& image, const Image& other);
     Integer NextNumber(Integer N);
-    Integer SetupWinningSlot(PictureBox& View, Image& ImageA, Image& ImageB, Integer NumberA, Integer NumberB);
+    Integer SetupWinningSlot(PictureBox& View, Image& ImageA, Image& ImageB, Integer NumberA,
+                             Integer NumberB);
 
     Globals& m_g;
     TurnDeviceImages m_images;

@@ -128,7 +128,8 @@ void MainForm::RepositionElements() {
     Procedure(m_g.gErrHandler, "frmMain:RepositionElements", [&] {
         if (m_g.SmallFonts) return;
         for (const Place& place : DesignPlaces(*this)) {
-            PositionObject(m_g, *place.Object, 0, Y(place.Height), X(place.Left), Y(place.Top), X(place.Width));
+            PositionObject(m_g, *place.Object, 0, Y(place.Height), X(place.Left), Y(place.Top),
+                           X(place.Width));
         }
         PositionObject(m_g, cmdTabulon, 8, 0, 0, 0, 0);
         PositionObject(m_g, lblRound, 11, 0, 0, 0, 0);

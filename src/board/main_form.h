@@ -10,8 +10,8 @@
 
 namespace tabulon {
 
-/// The window of the program: its controls, where they stand, and the state of the game in play, which belongs
-/// to it. What its controls do is the business of those who use it.
+/// The window of the program: its controls, where they stand, and the state of the game in play, which
+/// belongs to it. What its controls do is the business of those who use it.
 class MainForm : public Form {
   public:
     explicit MainForm(Globals& g);

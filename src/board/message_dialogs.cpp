@@ -34,7 +34,8 @@ void DlgMsgOk::RepositionElements() {
     });
 }
 
-void DlgMsgOk::ShowMessage(const CGame& oGame, const std::string& sMsg, bool bIsComputer, bool bWaitForMusic) {
+void DlgMsgOk::ShowMessage(const CGame& oGame, const std::string& sMsg, bool bIsComputer,
+                           bool bWaitForMusic) {
     Procedure(m_g.gErrHandler, "dlgMsgOk:ShowMessage", [&] {
         Load();
         RepositionElements();
@@ -42,6 +43,7 @@ void DlgMsgOk::ShowMessage(const CGame& oGame, const std::string& sMsg, bool bIs
         AutoClose = bIsComputer;
         WaitForMusic = bWaitForMusic;
         SetFormObjectFonts(m_g, *this, oGame.Font, oGame.FontSize);
+        if (MessageShown) MessageShown(sMsg, bIsComputer);
         ShowModal();
     });
 }

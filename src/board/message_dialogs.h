@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "content/CGame.h"
@@ -21,6 +22,9 @@ class DlgMsgOk : public Form {
 
     bool AutoClose = false;
     bool WaitForMusic = false;
+
+    /// For those who follow the course of a game: a message is about to be shown.
+    std::function<void(const std::string& sMsg, bool bIsComputer)> MessageShown;
 
   protected:
     void Design() override;

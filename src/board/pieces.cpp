@@ -12,7 +12,8 @@ void Pieces::SetPlayerNames(bool& Result) {
         state.PieceName.ReDim(0);
         state.IsComputer.ReDim(0);
         bool chosen = false;
-        m_dlgPlayers.GetData(m_form.Game, state.PlayerCount, state.Name, state.PieceName, state.IsComputer, chosen);
+        m_dlgPlayers.GetData(m_form.Game, state.PlayerCount, state.Name, state.PieceName, state.IsComputer,
+                             chosen);
         if (!chosen) {
             m_form.cmdSaveGame.Enabled = m_form.cmdRoll.Enabled = m_form.cmdSpin.Enabled = false;
             Result = false;
@@ -31,7 +32,8 @@ void Pieces::FillPlate(int index) {
     m_form.imgCharacter[index].ToolTipText = name + "'s playing piece";
     m_form.lblName[index].Caption = name;
     FitLabelText(m_g, m_form.lblName[index]);
-    m_form.lblPoints[index].Caption = std::string(ScoreCaption(state.GoalType)) + ToText(state.Points[index + 1]);
+    m_form.lblPoints[index].Caption =
+        std::string(ScoreCaption(state.GoalType)) + ToText(state.Points[index + 1]);
     FitLabelText(m_g, m_form.lblPoints[index]);
     if (state.GoalType == Goal::Money) m_form.lblPoints[index].ToolTipText = name + "'s money";
     if (state.GoalType == Goal::Points) m_form.lblPoints[index].ToolTipText = name + "'s points";
@@ -67,7 +69,8 @@ void Pieces::DrawPlayersForLoadGame() {
         CGame& game = Required(m_form.Game);
         for (int i = 1; i <= state.PlayerCount.Value(); ++i) {
             const CSpace& space = Required(game.Spaces.ItemBySequence(state.Position[i]));
-            PlacePiece(i - 1, space, state.PlayersInSpace(space.Sequence), PlayerPosInSpace(space, i), state.Name[i]);
+            PlacePiece(i - 1, space, state.PlayersInSpace(space.Sequence), PlayerPosInSpace(space, i),
+                       state.Name[i]);
         }
     });
 }

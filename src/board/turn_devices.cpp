@@ -210,7 +210,8 @@ void TurnDevices::SetTurnDeviceButtonFocus() {
             return;
         }
         m_g.TheScreen.MsgBox(
-            "Turn device not specified correctly.\r\n\r\nThe game may be corrupted, and may\r\nneed to be reinstalled "
+            "Turn device not specified correctly.\r\n\r\nThe game may be corrupted, and may\r\nneed to be "
+            "reinstalled "
             "or repackaged.",
             BoxIcon::None, BoxButtons::Ok, m_g.Application.Title);
     });

@@ -55,18 +55,26 @@ const ListRow& RowList::SelectedRow() const {
 
 Font* FontOf(Control& control) {
     switch (control.Kind) {
-        case ControlKind::Label: return &static_cast<Label&>(control).Font;
-        case ControlKind::Button: return &static_cast<Button&>(control).Font;
-        case ControlKind::PictureButton: return &static_cast<PictureButton&>(control).FontTextCaption;
-        case ControlKind::TextBox: return &static_cast<TextBox&>(control).Font;
-        case ControlKind::CheckBox: return &static_cast<CheckBox&>(control).Font;
+        case ControlKind::Label:
+            return &static_cast<Label&>(control).Font;
+        case ControlKind::Button:
+            return &static_cast<Button&>(control).Font;
+        case ControlKind::PictureButton:
+            return &static_cast<PictureButton&>(control).FontTextCaption;
+        case ControlKind::TextBox:
+            return &static_cast<TextBox&>(control).Font;
+        case ControlKind::CheckBox:
+            return &static_cast<CheckBox&>(control).Font;
         case ControlKind::ComboBox:
-        case ControlKind::ListBox: return &static_cast<RowList&>(control).Font;
-        case ControlKind::RichText: return &static_cast<RichText&>(control).Font;
+        case ControlKind::ListBox:
+            return &static_cast<RowList&>(control).Font;
+        case ControlKind::RichText:
+            return &static_cast<RichText&>(control).Font;
         case ControlKind::Image:
         case ControlKind::PictureBox:
         case ControlKind::Shape:
-        case ControlKind::UpDown: return nullptr;
+        case ControlKind::UpDown:
+            return nullptr;
     }
     return nullptr;
 }

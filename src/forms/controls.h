@@ -236,8 +236,8 @@ class ControlArray {
 
     /// For controls that stand in several containers.
     template <class ContainerOf>
-        requires std::is_invocable_r_v<Control*, ContainerOf, int>
-    ControlArray(Form& form, std::string_view name, ContainerOf containerOf) {
+    requires std::is_invocable_r_v<Control*, ContainerOf, int> ControlArray(Form& form, std::string_view name,
+                                                                            ContainerOf containerOf) {
         for (int i = 0; i < Count; ++i)
             m_controls.emplace_back(form, std::string(name) + "(" + std::to_string(i) + ")", containerOf(i));
     }

@@ -69,7 +69,8 @@ class Form {
     Control* ActiveControl = nullptr;  // has the focus; the screen follows the user
     int FocusRequests = 0;             // grows when a program moves the focus
 
-    /// Keys pressed and released anywhere in the form, before the control gets them. True: it goes no further.
+    /// Keys pressed and released anywhere in the form, before the control gets them. True: it goes no
+    /// further.
     std::function<bool(int KeyCode, int Shift)> KeyDown;
     std::function<bool(int KeyCode, int Shift)> KeyUp;
     std::function<void()> MouseMove;

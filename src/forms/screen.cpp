@@ -4,7 +4,10 @@
 
 namespace tabulon {
 
-void Screen::Loaded(Form& form) { m_loaded.push_back(&form); }
+void Screen::Loaded(Form& form) {
+    m_loaded.push_back(&form);
+    for (Timer* timer : form.Timers) timer->DueAt = Timer::NotArmed;
+}
 
 void Screen::Forget(Form& form) { std::erase(m_loaded, &form); }
 

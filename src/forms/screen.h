@@ -31,8 +31,8 @@ class Screen : public MessageBoxes {
     virtual void PumpEvents() = 0;
     /// Brings what changed onto the screen and blocks; no handler and no timer runs meanwhile.
     virtual void Sleep(int milliseconds) = 0;
-    /// For a game that its content keeps from ever going on: keeps the windows alive until the user closes the
-    /// last one, and then ends the program.
+    /// For a game that its content keeps from ever going on: keeps the windows alive until the user closes
+    /// the last one, and then ends the program.
     [[noreturn]] virtual void WaitForEver(std::string_view why);
     virtual void Beep() = 0;
     /// Forgets the key presses that wait.

@@ -81,7 +81,8 @@ void FrmSplash::ShowAgeRange(int lower, int upper) {
 
 void FrmSplash::ShowResolution(const std::string& resolution) {
     lblPreferredResolution.Visible = !resolution.empty();
-    if (!resolution.empty()) lblPreferredResolution.Caption = "Best viewed with " + resolution + " resolution.";
+    if (!resolution.empty())
+        lblPreferredResolution.Caption = "Best viewed with " + resolution + " resolution.";
 }
 
 // However many ampersands stood in a row, the label shows one.

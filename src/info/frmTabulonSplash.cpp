@@ -12,8 +12,8 @@ constexpr int SplashMilliseconds = 3000;
 
 }  // namespace
 
-FrmTabulonSplash::FrmTabulonSplash(Globals& g, MainForm& frmMain, FrmSplash& frmSplash, FrmGameMusic& frmGameMusic,
-                                   DlgLoadGame& dlgLoadGame)
+FrmTabulonSplash::FrmTabulonSplash(Globals& g, MainForm& frmMain, FrmSplash& frmSplash,
+                                   FrmGameMusic& frmGameMusic, DlgLoadGame& dlgLoadGame)
     : Form(g.TheScreen, "frmTabulonSplash"),
       m_g(g),
       m_frmMain(frmMain),
@@ -43,7 +43,8 @@ bool FrmTabulonSplash::FormInitOK() {
         m_games.ReDim(1);
         m_gameNames.ReDim(1);
         m_descriptions.ReDim(1);
-        m_g.MusicPath = ToText(m_g.Registry.RegistryGetKeyValue(HKEY_LOCAL_MACHINE, std::string(ProductKey), "MusicPath"));
+        m_g.MusicPath = ToText(
+            m_g.Registry.RegistryGetKeyValue(HKEY_LOCAL_MACHINE, std::string(ProductKey), "MusicPath"));
         ok = true;
     });
     return ok;
@@ -60,7 +61,7 @@ void FrmTabulonSplash::Display(const std::string& Genre) {
         std::int32_t count = 0;
         bool newGame = false;
         bool chosen = false;
-        m_dlgLoadGame.GetData(m_games, m_gameNames, m_descriptions, count, true, newGame, chosen);
+        m_dlgLoadGame.GetData(m_games, m_gameNames, m_descriptions, count, this, newGame, chosen);
         if (!chosen) {
             Abort();
             Unload();

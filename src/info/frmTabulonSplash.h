@@ -16,8 +16,8 @@ class FrmTabulonSplash : public Form {
     FrmTabulonSplash(Globals& g, MainForm& frmMain, FrmSplash& frmSplash, FrmGameMusic& frmGameMusic,
                      DlgLoadGame& dlgLoadGame);
 
-    /// Lets a game be chosen to the sound of the genre, and shows its title page for three seconds. Leaving the
-    /// chooser aborts the start.
+    /// Lets a game be chosen to the sound of the genre, and shows its title page for three seconds. Leaving
+    /// the chooser aborts the start.
     void Display(const std::string& Genre);
 
     /// What leaving the chooser does.

@@ -8,8 +8,9 @@
 namespace tabulon {
 
 /// The record of the players, one array a field. A new game keeps seat s of Name, IsComputer, Position and
-/// PieceName in slot s - 1, a resumed game keeps everything of seat s in slot s. Which slot a procedure uses is
-/// said by the rules A, B and C below, also where they disagree for one field: the play of a game rests on them.
+/// PieceName in slot s - 1, a resumed game keeps everything of seat s in slot s. Which slot a procedure uses
+/// is said by the rules A, B and C below, also where they disagree for one field: the play of a game rests on
+/// them.
 struct PlayerState {
     Array<std::string> Name;
     Array<bool> IsComputer;

@@ -14,7 +14,8 @@ class FrmGameMusic : public Form {
 
     /// "playing" while a sound runs.
     std::string Status() const { return m_g.Player.Status(); }
-    /// With sound off it does nothing. The genre "random" is drawn afresh for each sound; an empty one is silent.
+    /// With sound off it does nothing. The genre "random" is drawn afresh for each sound; an empty one is
+    /// silent.
     void PlayGameMusic(const std::string& Genre, const std::string& File, bool LoopIt);
     /// Waits 50 milliseconds for the player to settle, stops it and removes the unpacked sounds.
     void StopGameMusic();

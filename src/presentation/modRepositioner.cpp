@@ -22,7 +22,8 @@ void PositionForm(Globals& g, Form& form, int width, int height, int top) {
     });
 }
 
-void PositionObject(Globals& g, Control& object, int fontSize, float height, float left, float top, float width) {
+void PositionObject(Globals& g, Control& object, int fontSize, float height, float left, float top,
+                    float width) {
     Procedure(g.gErrHandler, "modRepositioner:PositionObject", [&] {
         if (fontSize >= 1) {
             Font* font = FontOf(object);

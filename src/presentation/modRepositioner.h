@@ -10,9 +10,10 @@ bool IsSmallFonts(const Screen& screen);
 /// Sizes a form in pixels and sets its top.
 void PositionForm(Globals& g, Form& form, int width, int height, int top);
 
-/// Places a control in twips and sets its font size in points. What is not above 0 stays as it is. Fails for a
-/// font size on a control without text, and then places nothing.
-void PositionObject(Globals& g, Control& object, int fontSize, float height, float left, float top, float width);
+/// Places a control in twips and sets its font size in points. What is not above 0 stays as it is. Fails for
+/// a font size on a control without text, and then places nothing.
+void PositionObject(Globals& g, Control& object, int fontSize, float height, float left, float top,
+                    float width);
 
 /// Puts a frame 3 pixels out on the left and top, 4 on the right and bottom of a control.
 void PositionShape(Globals& g, Shape& shape, const Control& object);

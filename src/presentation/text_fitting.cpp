@@ -36,7 +36,8 @@ void ApplyFont(Globals& g, const Form& form, Control& control, const std::string
             FontOf(control)->Name = fontName;
             FontOf(control)->Size = fontSize;
             break;
-        default: break;
+        default:
+            break;
     }
 }
 

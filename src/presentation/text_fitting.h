@@ -7,12 +7,12 @@
 
 namespace tabulon {
 
-/// Gives the controls of a form the game's font. Labels keep their size and then shrink until their text fits;
-/// on "frmSplash" lists, inputs and buttons keep their size too.
+/// Gives the controls of a form the game's font. Labels keep their size and then shrink until their text
+/// fits; on "frmSplash" lists, inputs and buttons keep their size too.
 void SetFormObjectFonts(Globals& g, Form& form, const std::string& fontName, Integer fontSize);
 
-/// Lowers the label's font size, never raises it, until its wrapped text is no higher than the label. Fails when
-/// it does not fit at 1 point either.
+/// Lowers the label's font size, never raises it, until its wrapped text is no higher than the label. Fails
+/// when it does not fit at 1 point either.
 void FitLabelText(Globals& g, Label& label);
 
 /// The height of the sample text "Gg", in twips.
