@@ -65,8 +65,8 @@ void clsErrHandler::Report() noexcept {
 
 void clsErrHandler::Display() {
     m_screen.Beep();
-    std::string details = "Module:  " + ErrorProc + "\r\nError:     (" + ToText(ErrorNumber) + ") " + ErrorString +
-                          "\r\nLine:      " + ToText(ErrorLine);
+    std::string details = "Module:  " + ErrorProc + "\r\nError:     (" + ToText(ErrorNumber) + ") " +
+                          ErrorString + "\r\nLine:      " + ToText(ErrorLine);
     if (!CurrentOperation.empty()) details += "\r\nCurrent Operation: " + CurrentOperation;
     if (ShowDetails) {
         ShowDetails(details);
@@ -85,7 +85,8 @@ std::string clsErrHandler::StackText() const {
     for (std::size_t i = 0; i < m_procStack.size(); ++i) {
         if (m_procStack[i].empty()) continue;
         const std::string number = std::to_string(i);
-        text += (i < 10 ? "0" + number : number) + std::string(2 * i, ' ') + std::string(m_procStack[i]) + "\r\n";
+        text +=
+            (i < 10 ? "0" + number : number) + std::string(2 * i, ' ') + std::string(m_procStack[i]) + "\r\n";
     }
     return text;
 }
@@ -138,7 +139,8 @@ bool clsErrHandler::ClearLog() {
 }
 
 clsErrHandler::DestinationValue clsErrHandler::Destination() const {
-    if (const auto* name = std::get_if<std::string>(&m_destination)) return (m_dataDirectory / *name).string();
+    if (const auto* name = std::get_if<std::string>(&m_destination))
+        return (m_dataDirectory / *name).string();
     return std::get<std::shared_ptr<Recordset>>(m_destination);
 }
 
@@ -173,8 +175,8 @@ void clsErrHandler::OpenTrace() {
     m_trace.open(file, std::ios::binary);
     if (m_trace) return;
     const Failure failure(FailureNumber::PermissionDenied);
-    m_screen.MsgBox("Error: " + std::to_string(failure.Number()) + ". " + failure.Description(), BoxIcon::None,
-                    BoxButtons::Ok, "TraceExecution");
+    m_screen.MsgBox("Error: " + std::to_string(failure.Number()) + ". " + failure.Description(),
+                    BoxIcon::None, BoxButtons::Ok, "TraceExecution");
 }
 
 void clsErrHandler::Trace(std::string_view ProcName) { m_trace << ProcName << "\r\n" << std::flush; }

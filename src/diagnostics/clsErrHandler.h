@@ -24,8 +24,8 @@ class clsErrHandler final : public ProcedureStack {
   public:
     /// An object that is no recordset.
     struct OtherObject {};
-    using DestinationValue = std::variant<std::monostate, Integer, std::int32_t, float, double, OtherObject, bool,
-                                          std::string, std::shared_ptr<Recordset>>;
+    using DestinationValue = std::variant<std::monostate, Integer, std::int32_t, float, double, OtherObject,
+                                          bool, std::string, std::shared_ptr<Recordset>>;
 
     /// All references must outlive the handler; `dataDirectory` is read at each report.
     clsErrHandler(Screen& screen, const Clock& clock, const ApplicationInfo& application,
