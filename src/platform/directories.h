@@ -11,6 +11,9 @@ std::filesystem::path ExecutablePath();
 /// /var/games/tabulon for the prefix /usr, <prefix>/var/games/tabulon for any other. It is not made here.
 std::filesystem::path DataDirectory(const std::filesystem::path& executable);
 
+/// The settings store's file in the data directory.
+inline constexpr char SettingsFile[] = "settings.db";
+
 /// The program's own unchanging files.
 std::filesystem::path ShareDirectory(const std::filesystem::path& executable);
 

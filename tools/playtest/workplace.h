@@ -5,18 +5,10 @@
 #include <string>
 
 #include "headless/headless_screen.h"
+#include "headless/no_shell.h"
 #include "headless/play_user.h"
 
 namespace tabulon::playtest {
-
-/// A desktop on which nothing can be opened or started.
-class NoShell final : public Shell {
-  public:
-    void Open(const std::string&) override {}
-    void Start(const std::filesystem::path&, const std::vector<std::string>&) override {}
-    bool PreviousInstance() override { return false; }
-    bool RaisePreviousInstance() override { return false; }
-};
 
 /// A folder of its own that goes with the object.
 class TemporaryFolder {

@@ -1,0 +1,64 @@
+#include <QApplication>
+#include <cstdlib>
+#include <iostream>
+
+#include "app/program.h"
+#include "platform/directories.h"
+#include "platform/seeded_random.h"
+#include "platform/text.h"
+#include "player/terminal_game.h"
+#include "qt/look.h"
+#include "qt/qt_screen.h"
+#include "qt/qt_shell.h"
+
+namespace {
+
+using namespace tabulon;
+
+ApplicationInfo Application() {
+    ApplicationInfo application;
+    application.Major = TABULON_VERSION_MAJOR;
+    application.Minor = TABULON_VERSION_MINOR;
+    application.Revision = TABULON_VERSION_PATCH;
+    application.Executable = ExecutablePath();
+    application.ShareDir = ShareDirectory(application.Executable);
+    return application;
+}
+
+bool HasDisplay() {
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+        const char* value = std::getenv(name);
+        if (value && *value) return true;
+    }
+    return false;
+}
+
+int PlayInWindow(int argc, char** argv, const ApplicationInfo& application,
+                 const std::filesystem::path& dataDirectory, SettingsStore& store) {
+    QApplication qt(argc, argv);
+    Look::ApplyTo(qt);
+    QtScreen screen(application.ShareDir / "pictures", application.Title);
+    QtShell shell(application.Executable, dataDirectory);
+    shell.onRaise = [&screen] { screen.BringForward(); };
+    SystemClock clock;
+    ClockSeededRandom random;
+    SilentOggPlayer player;
+    try {
+        Program program(
+            {screen, clock, random, shell, player, store, application, dataDirectory, UserLocale()});
+        program.Main();
+        return screen.Run();
+    } catch (const ProgramEnd&) {
+        return 0;
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const ApplicationInfo application = Application();
+    const std::filesystem::path dataDirectory = DataDirectory(application.Executable);
+    SettingsStore store(dataDirectory / SettingsFile);
+    if (HasDisplay()) return PlayInWindow(argc, argv, application, dataDirectory, store);
+    return PlayInTerminal(application, dataDirectory, store);
+}

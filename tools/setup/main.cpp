@@ -1,0 +1,92 @@
+// Puts down what an installation writes: where the Player and its sounds lie, and the games that came with
+// it. A game that was uninstalled since then stays uninstalled.
+#include <algorithm>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "app/program.h"
+#include "headless/headless_screen.h"
+#include "headless/no_shell.h"
+#include "platform/directories.h"
+#include "platform/seeded_random.h"
+#include "platform/text.h"
+
+namespace {
+
+using namespace tabulon;
+
+constexpr const char* ShippedGames = "Shipped Games";
+
+/// Tells on the terminal what a window would show.
+class TerminalUser final : public HeadlessUser {
+  public:
+    bool Act(Form& form) override {
+        form.Hide();
+        return true;
+    }
+    BoxAnswer AnswerBox(const std::string& text, BoxIcon, BoxButtons, const std::string& title) override {
+        std::cerr << title << ": " << text << '\n';
+        m_troubled = true;
+        return BoxAnswer::Ok;
+    }
+    bool Troubled() const { return m_troubled; }
+
+  private:
+    bool m_troubled = false;
+};
+
+void WriteText(modRegistry& registry, const char* name, const std::string& text) {
+    registry.RegistrySetKeyValue(HKEY_LOCAL_MACHINE, ProductKey, name, text, REG_SZ);
+}
+
+std::vector<std::string> KnownGames(modRegistry& registry) {
+    const std::string text =
+        ToText(registry.RegistryGetKeyValue(HKEY_LOCAL_MACHINE, ProductKey, ShippedGames));
+    return Lines(text);
+}
+
+void InstallNewGames(Program& program) {
+    modRegistry& registry = program.globals.Registry;
+    std::vector<std::string> known = KnownGames(registry);
+    std::vector<std::string> names, keys;
+    program.packages.InstallableGames(known, names, keys);
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        if (!program.packages.InstallGame(keys[i])) continue;
+        std::cout << "installed " << names[i] << '\n';
+        known.push_back(keys[i]);
+    }
+    program.packages.CleanupGameDir();
+    std::string text;
+    for (const std::string& key : known) text += key + "\n";
+    if (!keys.empty()) WriteText(registry, ShippedGames, text);
+}
+
+}  // namespace
+
+int main() {
+    const std::filesystem::path executable = ExecutablePath();
+    const std::filesystem::path dataDirectory = DataDirectory(executable);
+    std::error_code failure;
+    std::filesystem::create_directories(dataDirectory, failure);
+    TerminalUser user;
+    HeadlessScreen screen(user);
+    SystemClock clock;
+    ClockSeededRandom random;
+    NoShell shell;
+    SilentOggPlayer silence;
+    SettingsStore store(dataDirectory / SettingsFile);
+    if (!store.Trouble().empty()) {
+        std::cerr << store.Trouble() << '\n';
+        return 1;
+    }
+    ApplicationInfo application;
+    application.Executable = executable;
+    application.ShareDir = ShareDirectory(executable);
+    Program program({screen, clock, random, shell, silence, store, application, dataDirectory});
+    program.globals.AppDir = dataDirectory;
+    WriteText(program.globals.Registry, "PlayerPath", executable.parent_path().string());
+    WriteText(program.globals.Registry, "MusicPath", (application.ShareDir / "music").string());
+    InstallNewGames(program);
+    return user.Troubled() ? 1 : 0;
+}
