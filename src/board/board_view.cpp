@@ -36,7 +36,7 @@ void BoardView::LoadGameBoard() {
 
 void BoardView::HideSpaces() {
     Procedure(m_g.gErrHandler, "frmMain:HideSpaces", [&] {
-        for (Shape& box : m_form.tpbSpace) box.Visible = false;
+        for (Image& box : m_form.tpbSpace) box.Visible = false;
     });
 }
 
@@ -66,7 +66,7 @@ void BoardView::PlaceBoxes() {
     for (int i = 0; i <= positions.UBound(); ++i) {
         const auto space = game.Spaces.ItemBySequence(positions[i]);
         if (!space) continue;
-        Shape& box = m_form.tpbSpace[i];
+        Image& box = m_form.tpbSpace[i];
         box.Move(static_cast<float>(space->Left), static_cast<float>(space->Top),
                  static_cast<float>(space->Width), static_cast<float>(space->Height));
         box.Visible = true;

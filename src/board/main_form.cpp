@@ -38,7 +38,7 @@ void MakeTwin(Button& twin, const char* caption) {
 }
 
 void MakePictureButton(PictureButton& button, const char* picture, const char* name, const char* toolTip) {
-    button.Picture = Picture::Product(picture);
+    if (*picture) button.Picture = Picture::Product(picture);
     button.AccessibleName = name;
     button.ToolTipText = toolTip;
     button.Enabled = true;
@@ -97,7 +97,6 @@ void MainForm::DesignBoard() {
     shpSpaceOverview.Raise();
     timerOverviewSpace.Enabled = false;
     picHolder.Visible = false;
-    for (Shape& space : tpbSpace) space.Filled = false;
     for (Image& piece : imgPlayingPiece) piece.Move(0, 0, 33, 33);
     for (Image& die : imgDice) {
         die.Move(0, 0, 49, 49);

@@ -63,7 +63,8 @@ class MainForm : public Form {
 
     PictureBox picHolder{*this, "picHolder"};
     PictureBox picMainBoard{*this, "picMainBoard"};
-    ControlArray<Shape, MaxSeats> tpbSpace{*this, "tpbSpace", &picMainBoard};
+    /// The box of each player over his space. It has no picture, so it is placed but shows nothing.
+    ControlArray<Image, MaxSeats> tpbSpace{*this, "tpbSpace", &picMainBoard};
     ControlArray<Image, MaxSeats> imgPlayingPiece{*this, "imgPlayingPiece", &picMainBoard};
     ControlArray<Image, MaxSeats> imgDice{*this, "imgDice", &picMainBoard};
 
