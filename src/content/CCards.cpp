@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <filesystem>
 #include <memory>
+#include <tuple>
+#include <vector>
 
 #include "content/required.h"
 #include "platform/files.h"
@@ -56,36 +58,48 @@ bool CCards::LoadFile(Integer DeckID) {
 }
 
 void CCards::AddRow(Integer DeckID, const PersistedRecordset::Row& row) {
-    Add(row.ToInteger("Index"), DeckID, row.Text("Message"), row.ToInteger("CorrectActionType"),
-        row.Text("CorrectMessage"), row.ToSingle("CorrectData1"), row.ToInteger("CorrectData2"),
-        row.ToInteger("IncorrectActionType"), row.Text("IncorrectMessage"), row.ToSingle("IncorrectData1"),
-        row.ToInteger("IncorrectData2"), row.ToInteger("CorrectAnswer"), row.Text("Answer1"),
-        row.Text("Answer2"), row.Text("Answer3"), row.Text("Answer4"), "");
+    // Braces keep the order of reading, which is the fastest in a file's own order.
+    std::tuple cells{row.ToInteger("Index"),
+                     DeckID,
+                     row.Text("Message"),
+                     row.ToInteger("CorrectActionType"),
+                     row.Text("CorrectMessage"),
+                     row.ToSingle("CorrectData1"),
+                     row.ToInteger("CorrectData2"),
+                     row.ToInteger("IncorrectActionType"),
+                     row.Text("IncorrectMessage"),
+                     row.ToSingle("IncorrectData1"),
+                     row.ToInteger("IncorrectData2"),
+                     row.ToInteger("CorrectAnswer"),
+                     row.Text("Answer1"),
+                     row.Text("Answer2"),
+                     row.Text("Answer3"),
+                     row.Text("Answer4")};
+    std::apply([this](auto&... cell) { Add(std::move(cell)..., ""); }, cells);
 }
 
-CCard& CCards::Add(Integer Index, Integer DeckID, const std::string& Message, Integer CorrectActionType,
-                   const std::string& CorrectMessage, float CorrectData1, Integer CorrectData2,
-                   Integer IncorrectActionType, const std::string& IncorrectMessage, float IncorrectData1,
-                   Integer IncorrectData2, Integer CorrectAnswer, const std::string& Answer1,
-                   const std::string& Answer2, const std::string& Answer3, const std::string& Answer4,
-                   const std::string& Key) {
+CCard& CCards::Add(Integer Index, Integer DeckID, std::string Message, Integer CorrectActionType,
+                   std::string CorrectMessage, float CorrectData1, Integer CorrectData2,
+                   Integer IncorrectActionType, std::string IncorrectMessage, float IncorrectData1,
+                   Integer IncorrectData2, Integer CorrectAnswer, std::string Answer1, std::string Answer2,
+                   std::string Answer3, std::string Answer4, const std::string& Key) {
     auto card = std::make_unique<CCard>();
     card->Index = Index;
     card->DeckID = DeckID;
-    card->message = Message;
+    card->message = std::move(Message);
     card->CorrectActionType = CorrectActionType;
-    card->CorrectMessage = CorrectMessage;
+    card->CorrectMessage = std::move(CorrectMessage);
     card->CorrectData1 = Rounded(CorrectData1);
     card->CorrectData2 = CorrectData2;
     card->IncorrectActionType = IncorrectActionType;
-    card->IncorrectMessage = IncorrectMessage;
+    card->IncorrectMessage = std::move(IncorrectMessage);
     card->IncorrectData1 = Rounded(IncorrectData1);
     card->IncorrectData2 = IncorrectData2.Value();
     card->CorrectAnswer = CorrectAnswer;
-    card->Answer1 = Answer1;
-    card->Answer2 = Answer2;
-    card->Answer3 = Answer3;
-    card->Answer4 = Answer4;
+    card->Answer1 = std::move(Answer1);
+    card->Answer2 = std::move(Answer2);
+    card->Answer3 = std::move(Answer3);
+    card->Answer4 = std::move(Answer4);
     return Collection::Add(std::move(card), Key);
 }
 
@@ -168,25 +182,20 @@ CCard* CCards::NextUnusedCard() {
 void CCards::AssignRandomSequences() {
     Procedure(m_g.gErrHandler, "CCards:RandomSequenceInUse", [&] {
         m_g.Random.Randomize();
+        std::vector<bool> inUse(static_cast<std::size_t>(Count()) + 1);
+        const auto mark = [&](const CCard& card, bool used) {
+            const auto number = static_cast<std::size_t>(card.RandomSequence.Value());
+            if (number < inUse.size()) inUse[number] = used;
+        };
+        for (const CCard& card : *this) mark(card, true);
         for (CCard& card : *this) {
             Integer number = DrawNumber();
-            while (RandomSequenceInUse(number, true)) number = DrawNumber();
+            while (inUse[static_cast<std::size_t>(number.Value())]) number = DrawNumber();
+            mark(card, false);
             card.RandomSequence = number;
+            mark(card, true);
         }
     });
-}
-
-bool CCards::RandomSequenceInUse(Integer Sequence, bool CheckOnly) {
-    bool Result = false;
-    Procedure(m_g.gErrHandler, "CCards:RandomSequenceInUse", [&] {
-        for (CCard& card : *this) {
-            if (card.RandomSequence != Sequence) continue;
-            Result = CheckOnly || card.Used;
-            card.Used = card.Used || !CheckOnly;
-            return;
-        }
-    });
-    return Result;
 }
 
 bool CCards::AllUsed() const {

@@ -48,12 +48,11 @@ class CCards : private Collection<CCard> {
     /// failure; cards added before it stay.
     bool Load(Integer DeckID);
     /// The two singles are rounded half to even; fails with Overflow beyond 16 bits.
-    CCard& Add(Integer Index, Integer DeckID, const std::string& Message, Integer CorrectActionType,
-               const std::string& CorrectMessage, float CorrectData1, Integer CorrectData2,
-               Integer IncorrectActionType, const std::string& IncorrectMessage, float IncorrectData1,
-               Integer IncorrectData2, Integer CorrectAnswer, const std::string& Answer1,
-               const std::string& Answer2, const std::string& Answer3, const std::string& Answer4,
-               const std::string& Key);
+    CCard& Add(Integer Index, Integer DeckID, std::string Message, Integer CorrectActionType,
+               std::string CorrectMessage, float CorrectData1, Integer CorrectData2,
+               Integer IncorrectActionType, std::string IncorrectMessage, float IncorrectData1,
+               Integer IncorrectData2, Integer CorrectAnswer, std::string Answer1, std::string Answer2,
+               std::string Answer3, std::string Answer4, const std::string& Key);
     /// One above the highest number; 1 for an empty deck.
     Integer NextIndex() const;
     /// The first card with that number; null when there is none.
@@ -85,8 +84,8 @@ class CCards : private Collection<CCard> {
   private:
     bool LoadFile(Integer DeckID);
     void AddRow(Integer DeckID, const PersistedRecordset::Row& row);
+    /// Gives the cards a random order of 1 to Count().
     void AssignRandomSequences();
-    bool RandomSequenceInUse(Integer Sequence, bool CheckOnly);
     Integer DrawNumber() { return m_g.Random.Draw(Count(), 1); }
     bool AllUsed() const;
     CCard* FindCard(float Index) const;

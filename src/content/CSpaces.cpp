@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <memory>
+#include <tuple>
 
 #include "platform/failure.h"
 #include "platform/files.h"
@@ -54,14 +55,16 @@ bool CSpaces::LoadFile() {
 }
 
 void CSpaces::AddRow(const PersistedRecordset::Row& row) {
-    Add(row.ToInteger("Sequence"), row.ToLong("Top"), row.ToLong("Left"), row.ToLong("Height"),
-        row.ToLong("Width"), row.ToInteger("ActionType"), row.Text("Message"), row.ToSingle("Data1"),
-        row.ToInteger("Data2"), "");
+    // Braces keep the order of reading, which is the fastest in a file's own order.
+    std::tuple cells{row.ToInteger("Sequence"), row.ToLong("Top"),     row.ToLong("Left"),
+                     row.ToLong("Height"),      row.ToLong("Width"),   row.ToInteger("ActionType"),
+                     row.Text("Message"),       row.ToSingle("Data1"), row.ToInteger("Data2")};
+    std::apply([this](auto&... cell) { Add(std::move(cell)..., ""); }, cells);
 }
 
 CSpace& CSpaces::Add(Integer Sequence, std::int32_t Top, std::int32_t Left, std::int32_t Height,
-                     std::int32_t Width, Integer ActionType, const std::string& Message, float Data1,
-                     Integer Data2, const std::string& Key) {
+                     std::int32_t Width, Integer ActionType, std::string Message, float Data1, Integer Data2,
+                     const std::string& Key) {
     auto space = std::make_unique<CSpace>();
     space->Sequence = Sequence;
     space->Top = Top;
@@ -69,7 +72,7 @@ CSpace& CSpaces::Add(Integer Sequence, std::int32_t Top, std::int32_t Left, std:
     space->Height = Height;
     space->Width = Width;
     space->ActionType = ActionType;
-    if (Message != " ") space->message = Message;
+    if (Message != " ") space->message = std::move(Message);
     space->Data1 = Data1;
     space->Data2 = Data2;
     return Collection::Add(std::move(space), Key);

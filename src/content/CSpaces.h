@@ -41,8 +41,8 @@ class CSpaces : private Collection<CSpace> {
     bool Load();
     /// A message of one blank counts as none.
     CSpace& Add(Integer Sequence, std::int32_t Top, std::int32_t Left, std::int32_t Height,
-                std::int32_t Width, Integer ActionType, const std::string& Message, float Data1,
-                Integer Data2, const std::string& Key);
+                std::int32_t Width, Integer ActionType, std::string Message, float Data1, Integer Data2,
+                const std::string& Key);
     /// Changes every space with that number.
     void SetAction(Integer Sequence, Integer ActionType, const std::string& Message, float Data1,
                    Integer Data2);

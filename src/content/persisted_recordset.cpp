@@ -1,6 +1,9 @@
 #include "content/persisted_recordset.h"
 
 #include <algorithm>
+#include <charconv>
+#include <functional>
+#include <numeric>
 
 #include "packages/limits.h"
 #include "platform/failure.h"
@@ -76,10 +79,26 @@ struct DepthGuard final : pugi::xml_tree_walker {
     bool for_each(pugi::xml_node&) override { return depth() < limits::ContentDepth; }
 };
 
-void Parse(pugi::xml_document& document, const std::string& text) {
+bool IsAscii(std::string_view bytes) {
+    const char all = std::accumulate(bytes.begin(), bytes.end(), '\0', std::bit_or<char>());
+    return static_cast<unsigned char>(all) < 0x80;
+}
+
+/// Most files are plain ASCII, which needs no closer look.
+std::string Decoded(std::string_view bytes) {
+    return IsAscii(bytes) || IsWide(bytes) ? std::string(bytes) : ToUtf8(bytes);
+}
+
+std::vector<std::size_t> LineEnds(const std::string& text) {
+    std::vector<std::size_t> ends;
+    for (std::size_t at = text.find('\n'); at != text.npos; at = text.find('\n', at + 1)) ends.push_back(at);
+    return ends;
+}
+
+void Parse(pugi::xml_document& document, std::string& text) {
     const pugi::xml_encoding encoding = IsWide(text) ? pugi::encoding_auto : pugi::encoding_utf8;
     const pugi::xml_parse_result result =
-        document.load_buffer(text.data(), text.size(), pugi::parse_default, encoding);
+        document.load_buffer_inplace(text.data(), text.size(), pugi::parse_default, encoding);
     if (!result) Refuse(result.description());
     DepthGuard guard;
     if (!document.traverse(guard)) Refuse("its elements are nested too deeply");
@@ -89,7 +108,8 @@ void Parse(pugi::xml_document& document, const std::string& text) {
 
 PersistedRecordset::PersistedRecordset(std::string_view bytes) {
     if (bytes.size() > limits::ContentFileBytes) Refuse("it is too large");
-    m_text = IsWide(bytes) ? std::string(bytes) : ToUtf8(bytes);
+    m_text = Decoded(bytes);
+    m_lineEnds = LineEnds(m_text);
     Parse(m_document, m_text);
     ReadColumns(m_document.document_element());
     for (const pugi::xml_node data : m_document.document_element().children())
@@ -127,8 +147,10 @@ void PersistedRecordset::ReadRows(pugi::xml_node parent) {
 }
 
 const PersistedRecordset::Column* PersistedRecordset::FindColumn(std::string_view name) const {
-    const auto found =
-        std::ranges::find_if(m_columns, [&](const Column& column) { return EqualNoCase(column.Name, name); });
+    auto found = std::ranges::find(m_columns, name, &Column::Name);
+    if (found == m_columns.end())
+        found = std::ranges::find_if(m_columns,
+                                     [&](const Column& column) { return EqualNoCase(column.Name, name); });
     return found == m_columns.end() ? nullptr : &*found;
 }
 
@@ -141,7 +163,7 @@ const PersistedRecordset::Column& PersistedRecordset::Required(std::string_view 
 }
 
 std::string PersistedRecordset::Row::Text(std::string_view column) const {
-    const Column& field = m_table->Required(column);
+    const Column& field = Found(column);
     switch (field.DataType) {
         case Type::Whole:
             return ToText(tabulon::ToLong(Raw(field)));
@@ -163,29 +185,42 @@ std::int32_t PersistedRecordset::Row::ToLong(std::string_view column) const {
 }
 
 float PersistedRecordset::Row::ToSingle(std::string_view column) const {
-    return tabulon::ToSingle(Raw(m_table->Required(column)));
+    return tabulon::ToSingle(Raw(Found(column)));
 }
 
-bool PersistedRecordset::Row::IsNull(std::string_view column) const {
-    return !m_node.attribute(m_table->Required(column).Attribute.c_str());
-}
+bool PersistedRecordset::Row::IsNull(std::string_view column) const { return !Attribute(Found(column)); }
 
 int PersistedRecordset::Row::Line() const {
-    const auto end = m_table->m_text.begin() + m_node.offset_debug();
-    return 1 + static_cast<int>(std::count(m_table->m_text.begin(), end, '\n'));
+    const auto before =
+        std::ranges::lower_bound(m_table->m_lineEnds, static_cast<std::size_t>(m_node.offset_debug()));
+    return 1 + static_cast<int>(before - m_table->m_lineEnds.begin());
+}
+
+const PersistedRecordset::Column& PersistedRecordset::Row::Found(std::string_view column) const {
+    const std::vector<Column>& columns = m_table->m_columns;
+    if (m_nextColumn >= columns.size() || columns[m_nextColumn].Name != column)
+        m_nextColumn = static_cast<std::size_t>(&m_table->Required(column) - columns.data());
+    return columns[m_nextColumn++];
+}
+
+pugi::xml_attribute PersistedRecordset::Row::Attribute(const Column& column) const {
+    return m_node.attribute(column.Attribute.c_str(), m_nextAttribute);
 }
 
 std::string_view PersistedRecordset::Row::Raw(const Column& column) const {
-    const pugi::xml_attribute attribute = m_node.attribute(column.Attribute.c_str());
+    const pugi::xml_attribute attribute = Attribute(column);
     if (!attribute) throw Failure(FailureNumber::InvalidUseOfNull);
     return attribute.value();
 }
 
 /// A single is rounded to its precision first, as the column would hold it.
 double PersistedRecordset::Row::Number(std::string_view column) const {
-    const Column& field = m_table->Required(column);
-    if (field.DataType == Type::Single) return static_cast<double>(tabulon::ToSingle(Raw(field)));
-    return ToDouble(Raw(field));
+    const Column& field = Found(column);
+    const std::string_view text = Raw(field);
+    std::int16_t digits = 0;
+    const auto read = std::from_chars(text.data(), text.data() + text.size(), digits);
+    if (read.ec == std::errc() && read.ptr == text.data() + text.size()) return digits;
+    return field.DataType == Type::Single ? static_cast<double>(tabulon::ToSingle(text)) : ToDouble(text);
 }
 
 }  // namespace tabulon

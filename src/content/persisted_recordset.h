@@ -44,11 +44,16 @@ class PersistedRecordset {
         int Line() const;
 
       private:
+        const Column& Found(std::string_view column) const;
+        pugi::xml_attribute Attribute(const Column& column) const;
         std::string_view Raw(const Column& column) const;
         double Number(std::string_view column) const;
 
         const PersistedRecordset* m_table;
         pugi::xml_node m_node;
+        // Where the next look-up begins: columns are mostly asked in their order.
+        mutable std::size_t m_nextColumn = 0;
+        mutable pugi::xml_attribute m_nextAttribute;
     };
 
     const std::vector<Column>& Columns() const { return m_columns; }
@@ -65,7 +70,8 @@ class PersistedRecordset {
     void AddColumns(pugi::xml_node parent);
     void ReadRows(pugi::xml_node parent);
 
-    std::string m_text;
+    std::string m_text;  // parsed in place
+    std::vector<std::size_t> m_lineEnds;
     pugi::xml_document m_document;
     std::vector<Column> m_columns;
     std::vector<Row> m_rows;

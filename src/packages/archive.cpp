@@ -46,7 +46,18 @@ bool BeginsLike(std::string_view name, std::string_view pattern) {
 
 void Archive::Closer::operator()(archive* reader) const { archive_read_free(reader); }
 
-Archive::Archive(std::filesystem::path file) : m_file(std::move(file)) { ListEntries(); }
+Archive::Archive(std::filesystem::path file) : m_file(std::move(file)), m_version(VersionOf(m_file)) {
+    ListEntries();
+}
+
+Archive::Version Archive::VersionOf(const std::filesystem::path& file) {
+    std::error_code missing;
+    return {std::filesystem::file_size(file, missing), std::filesystem::last_write_time(file, missing)};
+}
+
+bool Archive::IsCurrent(const std::filesystem::path& file) const {
+    return file == m_file && VersionOf(file) == m_version;
+}
 
 std::optional<std::size_t> Archive::FindFirst(std::string_view pattern) const {
     const auto found =
@@ -97,13 +108,16 @@ std::string Archive::NextName() {
 
 void Archive::GoTo(std::size_t entry) {
     if ((!m_reader || m_next > entry) && !Open()) Fail(m_names[entry], "the archive cannot be opened");
-    while (m_next <= entry)
-        if (NextName().empty()) Fail(m_names[entry], "the archive has changed");
+    while (m_next <= entry) {
+        const std::string& expected = m_names[m_next];
+        if (NextName() != expected) Fail(m_names[entry], "the archive has changed");
+    }
 }
 
 std::string Archive::ReadData(const std::string& name) {
     if (m_size > limits::EntryBytes) Fail(name, "it is too large");
     std::string data;
+    data.reserve(m_size);
     const void* block = nullptr;
     std::size_t size = 0;
     la_int64_t offset = 0;

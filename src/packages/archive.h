@@ -24,6 +24,9 @@ class Archive {
     /// A file that is missing or is no archive has no entries. Fails when the archive breaks a limit.
     explicit Archive(std::filesystem::path file);
 
+    /// Whether this is still what stands at the path.
+    bool IsCurrent(const std::filesystem::path& file) const;
+
     /// In the order of the file, in UTF-8.
     const std::vector<std::string>& Names() const { return m_names; }
     /// The first entry whose name begins like the pattern, in which "*" stands for any text. ASCII case does
@@ -37,6 +40,14 @@ class Archive {
     struct Closer {
         void operator()(archive* reader) const;
     };
+    /// Tells one state of a file from another.
+    struct Version {
+        std::uint64_t Size = 0;
+        std::filesystem::file_time_type Written;
+        bool operator==(const Version&) const = default;
+    };
+
+    static Version VersionOf(const std::filesystem::path& file);
 
     bool Open();
     void ListEntries();
@@ -47,6 +58,7 @@ class Archive {
     [[noreturn]] void Fail(const std::string& name, const std::string& why);
 
     std::filesystem::path m_file;
+    Version m_version;
     std::vector<std::string> m_names;
     std::unique_ptr<archive, Closer> m_reader;
     std::size_t m_headers = 0;  // read since the opening

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <optional>
 
-#include "packages/archive.h"
 #include "packages/limits.h"
 #include "packages/settings_lines.h"
 #include "platform/failure.h"
@@ -58,7 +57,7 @@ bool modInstallUninstall::ExtractFile(const fs::path& GamFile, const fs::path& D
     bool Result = true;
     Procedure(m_g.gErrHandler, "modInstallUninstall:ExtractFile", [&] {
         try {
-            Archive archive(FindFile(GamFile.parent_path(), GamFile.filename().string()));
+            Archive& archive = Opened(FindFile(GamFile.parent_path(), GamFile.filename().string()));
             const std::optional<std::size_t> entry = archive.FindFirst(FileName);
             if (CheckOnly)
                 Result = entry.has_value();
@@ -71,6 +70,11 @@ bool modInstallUninstall::ExtractFile(const fs::path& GamFile, const fs::path& D
         }
     });
     return Result;
+}
+
+Archive& modInstallUninstall::Opened(const fs::path& GamFile) {
+    if (!m_archive || !m_archive->IsCurrent(GamFile)) m_archive = std::make_unique<Archive>(GamFile);
+    return *m_archive;
 }
 
 bool modInstallUninstall::InstallGame(const std::string& Name) {

@@ -1,12 +1,13 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "diagnostics/globals.h"
-#include "platform/array.h"
+#include "packages/archive.h"
 
 namespace tabulon {
 
@@ -54,7 +55,11 @@ class modInstallUninstall {
     void AppendGame(const std::string& Base, std::vector<std::string>& Names, std::vector<std::string>& Keys);
     void SaveXmlLog(const std::filesystem::path& GamFile, const std::string& FileName, const char* Why);
 
+    Archive& Opened(const std::filesystem::path& GamFile);
+
     Globals& m_g;
+    /// The package last asked: the files of a game come out of it in one pass.
+    std::unique_ptr<Archive> m_archive;
 };
 
 }  // namespace tabulon
