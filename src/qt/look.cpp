@@ -10,6 +10,8 @@ namespace tabulon {
 
 namespace {
 
+constexpr int BodyPoints = 11;
+
 QPalette PaletteOfTheLook() {
     QPalette palette(Look::Plate, Look::Teal);
     palette.setColor(QPalette::WindowText, Look::Cream);
@@ -45,6 +47,9 @@ QString StyleSheet() {
                "QLineEdit, QPlainTextEdit, QListWidget { background: %2; color: %1;"
                " border: 2px solid %1; border-radius: 4px; }"
                "QLineEdit:focus, QPlainTextEdit:focus, QListWidget:focus { border-color: %3; }"
+               "QComboBox { combobox-popup: 0; }"
+               "QComboBox QAbstractItemView { background: %2; color: %1; border: 2px solid %1; }"
+               "QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }"
                "QListWidget::item:selected { background: %3; color: %1; }"
                "QToolTip { background: %2; color: %1; border: 1px solid %4; }")
         .arg(Look::Ink.name(), Look::Cream.name(), Look::Yellow.name(), Look::Navy.name(),
@@ -63,6 +68,7 @@ QFont Look::NumberFont(int pixelSize) {
 
 void Look::ApplyTo(QApplication& application) {
     application.setStyle(QStyleFactory::create("Fusion"));
+    application.setFont(QFont("DejaVu Sans", BodyPoints));
     application.setPalette(PaletteOfTheLook());
     application.setPalette(PaletteOfArrows(), "QToolButton");
     application.setStyleSheet(StyleSheet());
