@@ -1,0 +1,462 @@
+#include "board/dlgPlayers.h"
+
+#include <gmock/gmock.h>
+
+#include "board/modCharCategories.h"
+#include "board/piece_pictures.h"
+#include "platform/failure_of.h"
+#include "support/test_machine.h"
+
+namespace tabulon {
+namespace {
+
+using test::FailureOf;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class DlgPlayersTest : public testing::Test {
+  protected:
+    DlgPlayersTest() {
+        game->Font = "Comic Neue";
+        game->FontSize = 12;
+        music.SoundStops = [this] { ++stops; };
+    }
+
+    /// Opens the dialog, does with it what `act` does, and takes its results.
+    template <class Act>
+    void Ask(Act&& act) {
+        machine.User.Acts.push_back([act](Form&) { act(); });
+        dialog.GetData(game, players, names, pieces, computers, result);
+    }
+    void Add(const std::string& name) {
+        dialog.txtPlayerName.SetText(name);
+        dialog.cmdAdd.Click();
+    }
+    void AddAll(std::initializer_list<const char*> all) {
+        for (const char* name : all) Add(name);
+    }
+    void ChooseCollection(int row) { dialog.cmbPlayingPieceCollections.Select(row); }
+    void GivePiece(int row, int picture) {
+        dialog.lblHolder[row].Click();
+        dialog.imgPlayingPiece[picture].Click();
+    }
+    void ToggleComputer(int row) {
+        dialog.lblHolder[row].Click();
+        dialog.chkIsComputerPlayer.Value = !dialog.chkIsComputerPlayer.Value;
+        dialog.chkIsComputerPlayer.Click();
+    }
+    void Remove(int row) {
+        machine.User.Answers.push_back(BoxAnswer::Yes);
+        dialog.lblHolder[row].Click();
+        dialog.cmdRemove.Click();
+    }
+    void PressInInput(int key, int shift) {
+        dialog.ActiveControl = &dialog.txtPlayerName;
+        dialog.KeyDown(key, shift);
+    }
+    std::vector<std::string> Rows() {
+        std::vector<std::string> rows;
+        for (Label& holder : dialog.lblHolder) rows.push_back(holder.Caption);
+        while (!rows.empty() && rows.back().empty()) rows.pop_back();
+        return rows;
+    }
+    template <class T>
+    static std::vector<T> All(const Array<T>& array) {
+        std::vector<T> all;
+        for (int i = 0; i <= array.UBound(); ++i) all.push_back(array[i]);
+        return all;
+    }
+
+    test::TestMachine machine;
+    modInstallUninstall packages{machine.g};
+    FrmGameMusic music{machine.g, packages};
+    MainForm frmMain{machine.g};
+    DlgPlayers dialog{machine.g, music, frmMain};
+    std::shared_ptr<CGame> game = std::make_shared<CGame>(machine.g, packages);
+    int stops = 0;
+
+    Integer players = 99;
+    Array<std::string> names{"old"};
+    Array<std::string> pieces{"old"};
+    Array<bool> computers{true};
+    bool result = false;
+};
+
+TEST_F(DlgPlayersTest, HandsOverNamesPiecesAndPictures) {
+    Ask([this] {
+        AddAll({"Ann", "Ben"});
+        ChooseCollection(1);
+        GivePiece(1, 11);
+        ChooseCollection(3);
+        GivePiece(0, 0);
+        ToggleComputer(1);
+        dialog.cmdOk.Click();
+    });
+    EXPECT_TRUE(result);
+    EXPECT_EQ(players, 2);
+    EXPECT_THAT(All(names), ElementsAre("Ann", "Ben"));
+    EXPECT_THAT(All(pieces), ElementsAre("(Professions) 1", "(Animals) 12"));
+    EXPECT_THAT(All(computers), ElementsAre(false, true));
+    EXPECT_EQ(frmMain.imgCharacter[0].Picture, Picture::Piece(37));
+    EXPECT_EQ(frmMain.imgPlayingPiece[1].Picture, Picture::Piece(24));
+    EXPECT_FALSE(dialog.Loaded);
+    EXPECT_EQ(stops, 1);
+    EXPECT_THAT(machine.Errors, IsEmpty());
+}
+
+struct Leaving {
+    const char* Name;
+    void (*Leave)(DlgPlayers&);
+};
+class LeavingTest : public DlgPlayersTest, public testing::WithParamInterface<Leaving> {};
+
+TEST_P(LeavingTest, ChangesNothing) {
+    Ask([this] {
+        Add("Ann");
+        ChooseCollection(0);
+        GivePiece(0, 0);
+        GetParam().Leave(dialog);
+    });
+    EXPECT_FALSE(result);
+    EXPECT_EQ(players, 99);
+    EXPECT_THAT(All(names), ElementsAre("old"));
+    EXPECT_EQ(frmMain.imgCharacter[0].Picture, Picture());
+    EXPECT_EQ(stops, 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Ways, LeavingTest,
+                         testing::Values(Leaving{"Button", [](DlgPlayers& d) { d.cmdCancel.Click(); }},
+                                         Leaving{"AltC", [](DlgPlayers& d) { d.KeyDown(Key::C, Key::Alt); }},
+                                         Leaving{"CloseBox", [](DlgPlayers& d) { d.Unload(); }}),
+                         [](const auto& row) { return row.param.Name; });
+
+TEST_F(DlgPlayersTest, PromptsForTheNextName) {
+    std::vector<std::string> prompts;
+    Ask([&] {
+        for (const char* name : {"A", "B", "C", "D", "E", "F"}) {
+            prompts.push_back(dialog.lblPlayerName.Caption);
+            Add(name);
+        }
+        prompts.push_back(dialog.lblPlayerName.Caption);
+        EXPECT_FALSE(dialog.txtPlayerName.Visible);
+        dialog.cmdCancel.Click();
+    });
+    const std::string hint = "\r\n(or click a name)";
+    EXPECT_THAT(prompts,
+                ElementsAre("Enter the First Player's Name:", "Enter the Second Player's Name:" + hint,
+                            "Enter the Third Player's Name:" + hint, "Enter the Fourth Player's Name:" + hint,
+                            "Enter the Fifth Player's Name:" + hint, "Enter the Sixth Player's Name:" + hint,
+                            "Up to six players can play..."));
+}
+
+struct Removal {
+    const char* Name;
+    int Players;
+    int Row;
+    std::vector<std::string> Shown;
+    std::vector<std::string> Returned;
+    std::vector<bool> Flags;  // the second player is a computer
+};
+class RemovalTest : public DlgPlayersTest, public testing::WithParamInterface<Removal> {};
+
+TEST_P(RemovalTest, ClosesUpTheRowsAlone) {
+    const Removal& row = GetParam();
+    const std::vector<std::string> all = {"A", "B", "C", "D", "E"};
+    Ask([&] {
+        ChooseCollection(0);
+        for (int i = 0; i < row.Players; ++i) {
+            Add(all[static_cast<std::size_t>(i)]);
+            GivePiece(i, i);
+        }
+        ToggleComputer(1);
+        Remove(row.Row);
+        EXPECT_EQ(Rows(), row.Shown);
+        EXPECT_FALSE(dialog.cmdRemove.Enabled);
+        dialog.cmdOk.Click();
+    });
+    EXPECT_EQ(All(names), row.Returned);
+    EXPECT_EQ(All(computers), row.Flags);
+    for (std::size_t i = 0; i < row.Shown.size(); ++i)
+        EXPECT_EQ(pieces[static_cast<int>(i)], "(Aliens) " + std::to_string(row.Shown[i][0] - 'A' + 1));
+    EXPECT_THAT(machine.Errors, IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, RemovalTest,
+                         testing::Values(Removal{"FirstOfThree", 3, 0, {"B", "C"}, {"A", "B"}, {false, true}},
+                                         Removal{"LastOfThree", 3, 2, {"A", "B"}, {"A", "B"}, {false, true}},
+                                         Removal{"MiddleOfFive",
+                                                 5,
+                                                 2,
+                                                 {"A", "B", "D", "E"},
+                                                 {"A", "B", "C", "D"},
+                                                 {false, true, false, false}},
+                                         Removal{"FirstOfTwo", 2, 0, {"B"}, {"A"}, {false}}),
+                         [](const auto& row) { return row.param.Name; });
+
+TEST_F(DlgPlayersTest, RemovingOneOfSixReportsAndAsksForASixthAgain) {
+    Ask([this] {
+        AddAll({"A", "B", "C", "D", "E", "F"});
+        Remove(0);
+        EXPECT_THAT(Rows(), ElementsAre("B", "C", "D", "E", "F"));
+        EXPECT_TRUE(dialog.txtPlayerName.Visible);
+        EXPECT_EQ(dialog.lblPlayerName.Caption, "Enter the Sixth Player's Name:\r\n(or click a name)");
+        dialog.cmdCancel.Click();
+    });
+    EXPECT_THAT(machine.Errors, ElementsAre("dlgPlayers:SlidePlayers 9"));
+}
+
+TEST_F(DlgPlayersTest, RemovingTheLastNameLeavesADoubleBlankAndNothingToPlay) {
+    Ask([this] {
+        Add("Ann");
+        Remove(0);
+        EXPECT_EQ(dialog.lblPlayerName.Caption, "Enter the  Player's Name:\r\n(or click a name)");
+        EXPECT_FALSE(dialog.cmdOk.Enabled);
+        dialog.cmdCancel.Click();
+    });
+    EXPECT_EQ(machine.User.Boxes[0].Text, "Remove this player?");
+    EXPECT_EQ(machine.User.Boxes[0].Title, "Tab Player");
+}
+
+TEST_F(DlgPlayersTest, KeepsAPlayerWhenTheAnswerIsNo) {
+    machine.User.Answers.push_back(BoxAnswer::No);
+    Ask([this] {
+        AddAll({"Ann", "Ben"});
+        dialog.imgHolder[1].Click();
+        dialog.cmdRemove.Click();
+        EXPECT_THAT(Rows(), ElementsAre("Ann", "Ben"));
+        EXPECT_EQ(dialog.Selected, 1);
+        dialog.cmdCancel.Click();
+    });
+}
+
+TEST_F(DlgPlayersTest, OkWaitsUntilEveryPlayerHasAPiece) {
+    Ask([this] {
+        AddAll({"Ann", "Ben"});
+        ChooseCollection(2);
+        GivePiece(0, 3);
+        dialog.cmdOk.Click();
+        EXPECT_TRUE(dialog.Visible);
+        GivePiece(1, 3);
+        dialog.cmdOk.Click();
+    });
+    EXPECT_THAT(machine.User.BoxTexts(), ElementsAre("All Players must have Playing Pieces!"));
+    EXPECT_EQ(machine.User.Boxes[0].Icon, BoxIcon::Critical);
+    EXPECT_THAT(All(pieces), ElementsAre("(Objects) 4", "(Objects) 4"));
+}
+
+TEST_F(DlgPlayersTest, OpensTheGamesOwnCollectionAfterTheFirstName) {
+    game->CharacterCategory = "Animals";
+    Ask([this] {
+        EXPECT_FALSE(dialog.cmbPlayingPieceCollections.Enabled);
+        Add("Ann");
+        EXPECT_TRUE(dialog.cmbPlayingPieceCollections.Enabled);
+        EXPECT_EQ(dialog.cmbPlayingPieceCollections.SelectedRow().Text, "Animals");
+        EXPECT_EQ(dialog.imgPlayingPiece[0].Tag, "(Animals) 1");
+        EXPECT_EQ(dialog.lblChoosePieces.Caption, "Choose a Character");
+        dialog.cmdCancel.Click();
+    });
+}
+
+TEST_F(DlgPlayersTest, OffersEachCollectionOnASinglePage) {
+    Ask([this] {
+        std::vector<std::string> collections;
+        for (const ListRow& row : dialog.cmbPlayingPieceCollections.Rows) collections.push_back(row.Text);
+        EXPECT_THAT(collections, ElementsAre("Aliens", "Animals", "Objects", "Professions"));
+        ChooseCollection(3);
+        dialog.UpDown1.DownClick();
+        EXPECT_EQ(dialog.Page, 0);
+        EXPECT_EQ(dialog.imgPlayingPiece[11].Tag, "(Professions) 12");
+        EXPECT_TRUE(dialog.imgPlayingPiece[11].Visible);
+        dialog.cmdCancel.Click();
+    });
+}
+
+TEST_F(DlgPlayersTest, APieceWithoutAPlayerChangesNothing) {
+    Ask([this] {
+        Add("Ann");
+        ChooseCollection(0);
+        dialog.imgPlayingPiece[4].Click();
+        EXPECT_EQ(dialog.imgHolder[0].Tag, "");
+        dialog.chkIsComputerPlayer.Value = true;
+        dialog.chkIsComputerPlayer.Click();
+        EXPECT_FALSE(dialog.chkIsComputerPlayer.Value);
+        EXPECT_FALSE(dialog.Computer[0]);
+        dialog.cmdCancel.Click();
+    });
+}
+
+TEST_F(DlgPlayersTest, SelectingShowsThePlayersPieceAndFlag) {
+    Ask([this] {
+        AddAll({"Ann", "Ben"});
+        ChooseCollection(0);
+        GivePiece(0, 6);
+        ToggleComputer(0);
+        dialog.lblHolder[1].Click();
+        EXPECT_FALSE(dialog.chkIsComputerPlayer.Value);
+        dialog.lblHolder[0].Click();
+        EXPECT_TRUE(dialog.chkIsComputerPlayer.Value);
+        EXPECT_TRUE(dialog.imgPlayingPiece[6].Border);
+        EXPECT_EQ(dialog.lblHolder[0].ForeColor, (Colour{255, 0, 0}));
+        EXPECT_EQ(dialog.lblHolder[1].ForeColor, Colour());
+        EXPECT_EQ(dialog.txtPlayerName.Text, "Ann");
+        dialog.lblHolder[5].Click();
+        EXPECT_EQ(dialog.Selected, 0);
+        dialog.cmdCancel.Click();
+    });
+}
+
+TEST_F(DlgPlayersTest, ChangesTheNameOfTheSelectedPlayer) {
+    Ask([this] {
+        AddAll({"Ann", "Ben"});
+        dialog.txtPlayerName.SetText("Cid");
+        EXPECT_FALSE(dialog.cmdChange.Enabled);
+        dialog.lblHolder[0].Click();
+        EXPECT_TRUE(dialog.cmdChange.Enabled);
+        dialog.txtPlayerName.SetText("Ada");
+        dialog.cmdChange.Click();
+        EXPECT_THAT(Rows(), ElementsAre("Ada", "Ben"));
+        EXPECT_EQ(dialog.Selected, -1);
+        EXPECT_FALSE(dialog.cmdAdd.Enabled);
+        dialog.cmdCancel.Click();
+    });
+    EXPECT_THAT(All(dialog.Names), ElementsAre("Ada", "Ben"));
+}
+
+struct Typed {
+    const char* Name;
+    const char* Text;
+    const char* Kept;
+    bool CanAdd;
+};
+class TypedTest : public DlgPlayersTest, public testing::WithParamInterface<Typed> {};
+
+TEST_P(TypedTest, LosesItsLineBreaks) {
+    Ask([this] {
+        dialog.txtPlayerName.SetText(GetParam().Text);
+        EXPECT_EQ(dialog.txtPlayerName.Text, GetParam().Kept);
+        EXPECT_EQ(dialog.cmdAdd.Enabled, GetParam().CanAdd);
+        dialog.cmdCancel.Click();
+    });
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, TypedTest,
+                         testing::Values(Typed{"Plain", "Ann", "Ann", true},
+                                         Typed{"Pasted", "An\r\nn\n", "Ann", true},
+                                         Typed{"OnlyBreaks", "\r\n\n", "", false}),
+                         [](const auto& row) { return row.param.Name; });
+
+TEST_F(DlgPlayersTest, KeysWorkWhereverTheFocusIsAndOnDisabledButtons) {
+    machine.User.Answers.push_back(BoxAnswer::Yes);
+    Ask([this] {
+        dialog.txtPlayerName.SetText("Ann");
+        PressInInput(Key::Enter, 0);
+        dialog.txtPlayerName.SetText("Ben");
+        dialog.ActiveControl = &dialog.cmdOk;
+        EXPECT_FALSE(dialog.KeyDown(Key::Enter, 0));
+        EXPECT_FALSE(dialog.KeyDown(Key::A, Key::Alt | Key::Shift));
+        EXPECT_TRUE(dialog.KeyDown(Key::A, Key::Alt));
+        EXPECT_THAT(Rows(), ElementsAre("Ann", "Ben"));
+        dialog.lblHolder[0].Click();
+        dialog.txtPlayerName.SetText("Ada");
+        dialog.KeyDown(Key::G, Key::Alt);
+        EXPECT_THAT(Rows(), ElementsAre("Ada", "Ben"));
+        dialog.lblHolder[1].Click();
+        dialog.KeyDown(Key::R, Key::Alt);
+        EXPECT_THAT(Rows(), ElementsAre("Ada"));
+        ChooseCollection(0);
+        GivePiece(0, 0);
+        dialog.KeyDown(Key::O, Key::Alt);
+    });
+    EXPECT_TRUE(result);
+    EXPECT_THAT(All(names), ElementsAre("Ada"));
+}
+
+TEST_F(DlgPlayersTest, EveryOpeningBeginsAnew) {
+    Ask([this] {
+        AddAll({"Ann", "Ben"});
+        ChooseCollection(1);
+        GivePiece(0, 0);
+        dialog.lblHolder[0].Click();
+        dialog.cmdCancel.Click();
+    });
+    Ask([this] {
+        EXPECT_THAT(Rows(), IsEmpty());
+        EXPECT_EQ(dialog.imgHolder[0].Tag, "");
+        EXPECT_EQ(dialog.lblHolder[0].ForeColor, Colour());
+        EXPECT_EQ(dialog.cmbPlayingPieceCollections.Rows.size(), 4u);
+        EXPECT_FALSE(dialog.imgPlayingPiece[0].Visible);
+        EXPECT_FALSE(dialog.cmdRemove.Enabled);
+        EXPECT_FALSE(dialog.cmdOk.Enabled);
+        Add("Cid");
+        ChooseCollection(0);
+        GivePiece(0, 1);
+        dialog.cmdOk.Click();
+    });
+    EXPECT_TRUE(result);
+    EXPECT_THAT(All(names), ElementsAre("Cid"));
+}
+
+TEST_F(DlgPlayersTest, LoadsWithoutAGameForItsPictures) {
+    dialog.Load();
+    dialog.Unload();
+    dialog.Unload();
+    EXPECT_EQ(stops, 1);
+    EXPECT_THAT(machine.Errors, IsEmpty());
+}
+
+TEST_F(DlgPlayersTest, ShowsTheNumberOfThePieceUnderTheMouse) {
+    Ask([this] {
+        dialog.imgPlayingPiece[2].MouseMove();
+        EXPECT_FALSE(dialog.lblPlayingPiece.Visible);
+        ChooseCollection(2);
+        dialog.imgPlayingPiece[2].MouseMove();
+        EXPECT_EQ(dialog.lblPlayingPiece.Caption, "3");
+        EXPECT_TRUE(dialog.lblPlayingPiece.Visible);
+        dialog.MouseMove();
+        EXPECT_FALSE(dialog.lblPlayingPiece.Visible);
+        dialog.cmdCancel.Click();
+    });
+}
+
+TEST(PiecePicturesTest, EveryCollectionHoldsItsTwelveKeys) {
+    for (const char* collection : {"Aliens", "Animals", "Objects", "Professions"}) {
+        const CharCategory range = CharCatRange(collection);
+        for (int number = 1; number <= 12; ++number) {
+            const std::string key = "(" + std::string(collection) + ") " + std::to_string(number);
+            const int index = range.Low.Value() + number - 1;
+            EXPECT_EQ(PieceKey(index), key);
+            EXPECT_EQ(PieceByKey(key), Picture::Piece(index));
+        }
+        EXPECT_EQ(range.High - range.Low, 11);
+    }
+    EXPECT_EQ(CharCatRange("Vegetables").High, 0);
+}
+
+TEST(PiecePicturesTest, FailsForWhatIsNotInTheList) {
+    for (const char* key : {"", "(Aliens) 13", "(Aliens) 0", "Aliens 1", "(aliens) 1", "((((", ") "})
+        EXPECT_EQ(FailureOf([&] { PieceByKey(key); }), 35601) << key;
+    for (int index : {0, 49, -1}) EXPECT_EQ(FailureOf([&] { PieceByIndex(index); }), 9) << index;
+}
+
+TEST(PlayersLayoutTest, HasTheSamePixelsAtBothDensities) {
+    std::vector<std::vector<float>> pixels;
+    for (const int density : {96, 120}) {
+        test::TestMachine machine(density);
+        modInstallUninstall packages(machine.g);
+        FrmGameMusic music(machine.g, packages);
+        MainForm frmMain(machine.g);
+        DlgPlayers dialog(machine.g, music, frmMain);
+        dialog.Load();
+        const float twips = machine.TheScreen.TwipsPerPixelX();
+        std::vector<float>& places = pixels.emplace_back();
+        for (const Control* control : dialog.Controls)
+            for (const float value : {control->Left, control->Top, control->Width, control->Height})
+                places.push_back(value / twips);
+        EXPECT_EQ(dialog.Width / twips, 622);
+        EXPECT_EQ(dialog.Height / twips, 482);
+    }
+    EXPECT_EQ(pixels[0], pixels[1]);
+}
+
+}  // namespace
+}  // namespace tabulon
