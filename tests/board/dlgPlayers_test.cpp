@@ -213,8 +213,8 @@ TEST_F(DlgPlayersTest, RemovingTheLastNameLeavesADoubleBlankAndNothingToPlay) {
         EXPECT_FALSE(dialog.cmdOk.Enabled);
         dialog.cmdCancel.Click();
     });
-    EXPECT_EQ(machine.User.Boxes[0].Text, "Remove this player?");
-    EXPECT_EQ(machine.User.Boxes[0].Title, "Tab Player");
+    EXPECT_EQ(machine.User.Boxes.at(0).Text, "Remove this player?");
+    EXPECT_EQ(machine.User.Boxes.at(0).Title, "Tab Player");
 }
 
 TEST_F(DlgPlayersTest, KeepsAPlayerWhenTheAnswerIsNo) {
@@ -240,7 +240,7 @@ TEST_F(DlgPlayersTest, OkWaitsUntilEveryPlayerHasAPiece) {
         dialog.cmdOk.Click();
     });
     EXPECT_THAT(machine.User.BoxTexts(), ElementsAre("All Players must have Playing Pieces!"));
-    EXPECT_EQ(machine.User.Boxes[0].Icon, BoxIcon::Critical);
+    EXPECT_EQ(machine.User.Boxes.at(0).Icon, BoxIcon::Critical);
     EXPECT_THAT(All(pieces), ElementsAre("(Objects) 4", "(Objects) 4"));
 }
 
