@@ -9,6 +9,7 @@ namespace tabulon {
 struct PackedFile {
     std::string Name;  // UTF-8
     std::string Bytes;
+    bool operator==(const PackedFile&) const = default;
 };
 
 /// Makes or replaces a ZIP archive of the files in their order, deflated and encrypted (WinZip AES, 128 bits)
