@@ -76,6 +76,9 @@ void MainForm::DesignButtons() {
     cmdTabulon.Caption = "Make your own games";
     cmdRoll.Visible = cmdSpin.Visible = cmdPass.Visible = cmdSoundOn.Visible = false;
     cmdSaveGame.Enabled = false;
+    // They stand over the corner of imgRound.
+    cmdMinimizeWindow.Raise();
+    cmdQuit.Raise();
     MakeTwin(cmdFakeNew, "Ne&w");
     MakeTwin(cmdFakeLoadGame, "&Load Game");
     MakeTwin(cmdFakeSaveGame, "&Save Game");
