@@ -10,6 +10,7 @@ void CardDraw::DrawCard(Integer DeckIndex, bool& ReturnToPrevious, Integer& /*Pr
         CGame& game = Required(m_form.Game);
         CCard& card = Required(Required(game.Decks.ItemByIndex(DeckIndex)).Cards.NextUnusedCard());
         card.Used = true;
+        if (m_form.CardDrawn) m_form.CardDrawn(card);
         const Outcome outcome = Ask(card);
         CarryOut(card, outcome, ReturnToPrevious);
     });
@@ -33,6 +34,8 @@ CardDraw::Outcome CardDraw::Ask(CCard& card) {
 void CardDraw::CarryOut(const CCard& card, const Outcome& outcome, bool& ReturnToPrevious) {
     PlayState& state = m_form.State;
     const Integer seat = state.WhoseTurn;
+    const bool runs = outcome.CardAction >= atMoveForward && outcome.CardAction <= atRollDouble;
+    if (runs && m_form.ActionRuns) m_form.ActionRuns(outcome.CardAction);
     switch (outcome.CardAction.Value()) {
         case atMoveForward:
         case atMoveBack:

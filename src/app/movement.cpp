@@ -13,6 +13,7 @@ void Movement::MovePlayerToNewSpace(Integer Player, Integer Amount) {
         state.PreviousSpace = state.Position[slot];
         const Integer newPosition = Wrapped(state.PreviousSpace + Amount);
         state.Position[slot] = newPosition;
+        if (m_form.PieceLands) m_form.PieceLands(newPosition);
         TestEndOfBoard(newPosition, slot);
     });
 }
@@ -59,6 +60,7 @@ void Movement::MovePlayerAction(Integer Player, Integer Amount, Integer MoveType
                                  m_g.Application.Title);
             return;
         }
+        const Integer before = position;
         switch (MoveType.Value()) {
             case atMoveForward:
                 position = Forward(position, Amount, StartValue.value_or(0));
@@ -75,6 +77,7 @@ void Movement::MovePlayerAction(Integer Player, Integer Amount, Integer MoveType
             default:
                 break;
         }
+        if (position != before && m_form.PieceLands) m_form.PieceLands(position);
     });
 }
 

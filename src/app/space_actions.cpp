@@ -53,6 +53,7 @@ void SpaceActions::DisplaySpaceActionMessage(const std::string& Message) {
 }
 
 void SpaceActions::CarryOut(const CSpace& space, bool& ReturnToPrevious, Integer& PreviousSpace) {
+    if (m_form.ActionRuns) m_form.ActionRuns(space.ActionType);
     switch (space.ActionType.Value()) {
         case atDrawCard:
             m_cards.DrawCard(Data1Of(space), ReturnToPrevious, PreviousSpace);

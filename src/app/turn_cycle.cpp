@@ -7,6 +7,7 @@ namespace tabulon {
 void TurnCycle::InitiateTurnDevice() {
     Procedure(m_g.gErrHandler, "frmMain:InitiateTurnDevice", [&] {
         PlayState& state = m_form.State;
+        if (m_form.TurnBegins) m_form.TurnBegins();
         RunDevice();
         const bool moved = MoveByCondition();
         if (state.GameOver) {

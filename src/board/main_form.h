@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -29,6 +30,13 @@ class MainForm : public Form {
     std::shared_ptr<CGame> Game;
     std::string GameName;
     std::string GameDirectory;
+
+    /// For those who follow the course of a game: a turn begins, a piece has come to a space by its number,
+    /// a space or card carries out its action code, a card was drawn.
+    std::function<void()> TurnBegins;
+    std::function<void(Integer Sequence)> PieceLands;
+    std::function<void(Integer ActionType)> ActionRuns;
+    std::function<void(const CCard& Card)> CardDrawn;
 
     PictureButton cmdNew{*this, "cmdNew"};
     PictureButton cmdRoll{*this, "cmdRoll"};
