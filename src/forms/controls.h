@@ -200,6 +200,26 @@ struct UpDown : Control {
     std::function<void()> DownClick;
 };
 
+/// A piece of text in one look.
+struct TextRun {
+    std::string Text;  // "\n" is a new line of the same paragraph
+    tabulon::Font Font;
+    bool Italic = false;
+    bool Underline = false;
+    Colour ForeColor;
+    bool operator==(const TextRun&) const = default;
+};
+
+enum class TextAlignment : std::uint8_t { Left, Centre, Right, Justified };
+
+struct TextParagraph {
+    TextAlignment Alignment = TextAlignment::Left;
+    bool Bullet = false;
+    int Indent = 0;  // of its left edge, in points
+    std::vector<TextRun> Runs;
+    bool operator==(const TextParagraph&) const = default;
+};
+
 /// A read-only text of a file: rich text or plain.
 struct RichText : Control {
     RichText(Form& form, std::string name, Control* container = nullptr)
@@ -207,6 +227,7 @@ struct RichText : Control {
 
     std::string Content;
     tabulon::Font Font;
+    std::vector<TextParagraph> Paragraphs;  // shown in place of Content, unless it is empty
 };
 
 /// The font that a control shows its text with; null for a kind without text.

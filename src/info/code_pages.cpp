@@ -1,0 +1,79 @@
+#include "info/code_pages.h"
+
+#include <array>
+#include <cerrno>
+#include <iconv.h>
+#include <new>
+
+namespace tabulon {
+
+namespace {
+
+constexpr char Replacement[] = "\xEF\xBF\xBD";
+
+iconv_t NoConversion() { return reinterpret_cast<iconv_t>(-1); }
+
+iconv_t Opened(int page) {
+    const std::string name = page == CodePages::Macintosh ? "MACINTOSH" : "CP" + std::to_string(page);
+    const iconv_t opened = iconv_open("UTF-8", name.c_str());
+    return opened != NoConversion() ? opened : iconv_open("UTF-8", "CP1252");
+}
+
+}  // namespace
+
+class CodePages::Converter {
+  public:
+    explicit Converter(int page) : m_conversion(Opened(page)) {
+        if (m_conversion == NoConversion()) throw std::bad_alloc();
+    }
+    ~Converter() { iconv_close(m_conversion); }
+    Converter(const Converter&) = delete;
+    Converter& operator=(const Converter&) = delete;
+
+    std::string Convert(std::string_view bytes) {
+        iconv(m_conversion, nullptr, nullptr, nullptr, nullptr);
+        std::string input(bytes);
+        char* from = input.data();
+        std::size_t left = input.size();
+        std::string result;
+        while (left > 0) {
+            std::array<char, 256> buffer;
+            char* to = buffer.data();
+            std::size_t room = buffer.size();
+            const bool done = iconv(m_conversion, &from, &left, &to, &room) != static_cast<std::size_t>(-1);
+            const bool lacksRoom = !done && errno == E2BIG;
+            result.append(buffer.data(), buffer.size() - room);
+            if (done || lacksRoom) continue;
+            result += Replacement;
+            ++from;
+            --left;
+        }
+        return result;
+    }
+
+  private:
+    iconv_t m_conversion;
+};
+
+void CodePages::Deleter::operator()(Converter* converter) const { delete converter; }
+
+CodePages::Converter& CodePages::ConverterOf(int page) {
+    auto& converter = m_converters[page];
+    if (!converter) converter.reset(new Converter(page));
+    return *converter;
+}
+
+std::string CodePages::ToUtf8(std::string_view bytes, int page) { return ConverterOf(page).Convert(bytes); }
+
+std::string Utf8Of(char32_t character) {
+    const auto tail = [character](int shift) {
+        return static_cast<char>(0x80 | (character >> shift & 0x3F));
+    };
+    if (character < 0x80) return {static_cast<char>(character)};
+    if (character < 0x800) return {static_cast<char>(0xC0 | character >> 6), tail(0)};
+    if ((character >= 0xD800 && character < 0xE000) || character > 0x10FFFF) return Replacement;
+    if (character < 0x10000) return {static_cast<char>(0xE0 | character >> 12), tail(6), tail(0)};
+    return {static_cast<char>(0xF0 | character >> 18), tail(12), tail(6), tail(0)};
+}
+
+}  // namespace tabulon
