@@ -2,15 +2,11 @@
 
 #include <gmock/gmock.h>
 
-#include "board/modCharCategories.h"
-#include "board/piece_pictures.h"
-#include "platform/failure_of.h"
 #include "support/test_machine.h"
 
 namespace tabulon {
 namespace {
 
-using test::FailureOf;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -206,8 +202,12 @@ TEST_F(DlgPlayersTest, RemovingOneOfSixReportsAndAsksForASixthAgain) {
 }
 
 TEST_F(DlgPlayersTest, RemovingTheLastNameLeavesADoubleBlankAndNothingToPlay) {
+    machine.User.Answers.push_back(BoxAnswer::No);
     Ask([this] {
         Add("Ann");
+        dialog.imgHolder[0].Click();
+        dialog.cmdRemove.Click();
+        EXPECT_THAT(Rows(), ElementsAre("Ann"));
         Remove(0);
         EXPECT_EQ(dialog.lblPlayerName.Caption, "Enter the  Player's Name:\r\n(or click a name)");
         EXPECT_FALSE(dialog.cmdOk.Enabled);
@@ -215,18 +215,6 @@ TEST_F(DlgPlayersTest, RemovingTheLastNameLeavesADoubleBlankAndNothingToPlay) {
     });
     EXPECT_EQ(machine.User.Boxes.at(0).Text, "Remove this player?");
     EXPECT_EQ(machine.User.Boxes.at(0).Title, "Tab Player");
-}
-
-TEST_F(DlgPlayersTest, KeepsAPlayerWhenTheAnswerIsNo) {
-    machine.User.Answers.push_back(BoxAnswer::No);
-    Ask([this] {
-        AddAll({"Ann", "Ben"});
-        dialog.imgHolder[1].Click();
-        dialog.cmdRemove.Click();
-        EXPECT_THAT(Rows(), ElementsAre("Ann", "Ben"));
-        EXPECT_EQ(dialog.Selected, 1);
-        dialog.cmdCancel.Click();
-    });
 }
 
 TEST_F(DlgPlayersTest, OkWaitsUntilEveryPlayerHasAPiece) {
@@ -322,28 +310,17 @@ TEST_F(DlgPlayersTest, ChangesTheNameOfTheSelectedPlayer) {
     EXPECT_THAT(All(dialog.Names), ElementsAre("Ada", "Ben"));
 }
 
-struct Typed {
-    const char* Name;
-    const char* Text;
-    const char* Kept;
-    bool CanAdd;
-};
-class TypedTest : public DlgPlayersTest, public testing::WithParamInterface<Typed> {};
-
-TEST_P(TypedTest, LosesItsLineBreaks) {
+TEST_F(DlgPlayersTest, LineBreaksVanishFromANameAndLeaveNothingToAddAlone) {
     Ask([this] {
-        dialog.txtPlayerName.SetText(GetParam().Text);
-        EXPECT_EQ(dialog.txtPlayerName.Text, GetParam().Kept);
-        EXPECT_EQ(dialog.cmdAdd.Enabled, GetParam().CanAdd);
+        dialog.txtPlayerName.SetText("An\r\nn\n");
+        EXPECT_EQ(dialog.txtPlayerName.Text, "Ann");
+        EXPECT_TRUE(dialog.cmdAdd.Enabled);
+        dialog.txtPlayerName.SetText("\r\n\n");
+        EXPECT_EQ(dialog.txtPlayerName.Text, "");
+        EXPECT_FALSE(dialog.cmdAdd.Enabled);
         dialog.cmdCancel.Click();
     });
 }
-
-INSTANTIATE_TEST_SUITE_P(Texts, TypedTest,
-                         testing::Values(Typed{"Plain", "Ann", "Ann", true},
-                                         Typed{"Pasted", "An\r\nn\n", "Ann", true},
-                                         Typed{"OnlyBreaks", "\r\n\n", "", false}),
-                         [](const auto& row) { return row.param.Name; });
 
 TEST_F(DlgPlayersTest, KeysWorkWhereverTheFocusIsAndOnDisabledButtons) {
     machine.User.Answers.push_back(BoxAnswer::Yes);
@@ -416,46 +393,6 @@ TEST_F(DlgPlayersTest, ShowsTheNumberOfThePieceUnderTheMouse) {
         EXPECT_FALSE(dialog.lblPlayingPiece.Visible);
         dialog.cmdCancel.Click();
     });
-}
-
-TEST(PiecePicturesTest, EveryCollectionHoldsItsTwelveKeys) {
-    for (const char* collection : {"Aliens", "Animals", "Objects", "Professions"}) {
-        const CharCategory range = CharCatRange(collection);
-        for (int number = 1; number <= 12; ++number) {
-            const std::string key = "(" + std::string(collection) + ") " + std::to_string(number);
-            const int index = range.Low.Value() + number - 1;
-            EXPECT_EQ(PieceKey(index), key);
-            EXPECT_EQ(PieceByKey(key), Picture::Piece(index));
-        }
-        EXPECT_EQ(range.High - range.Low, 11);
-    }
-    EXPECT_EQ(CharCatRange("Vegetables").High, 0);
-}
-
-TEST(PiecePicturesTest, FailsForWhatIsNotInTheList) {
-    for (const char* key : {"", "(Aliens) 13", "(Aliens) 0", "Aliens 1", "(aliens) 1", "((((", ") "})
-        EXPECT_EQ(FailureOf([&] { PieceByKey(key); }), 35601) << key;
-    for (int index : {0, 49, -1}) EXPECT_EQ(FailureOf([&] { PieceByIndex(index); }), 9) << index;
-}
-
-TEST(PlayersLayoutTest, HasTheSamePixelsAtBothDensities) {
-    std::vector<std::vector<float>> pixels;
-    for (const int density : {96, 120}) {
-        test::TestMachine machine(density);
-        modInstallUninstall packages(machine.g);
-        FrmGameMusic music(machine.g, packages);
-        MainForm frmMain(machine.g);
-        DlgPlayers dialog(machine.g, music, frmMain);
-        dialog.Load();
-        const float twips = machine.TheScreen.TwipsPerPixelX();
-        std::vector<float>& places = pixels.emplace_back();
-        for (const Control* control : dialog.Controls)
-            for (const float value : {control->Left, control->Top, control->Width, control->Height})
-                places.push_back(value / twips);
-        EXPECT_EQ(dialog.Width / twips, 622);
-        EXPECT_EQ(dialog.Height / twips, 482);
-    }
-    EXPECT_EQ(pixels[0], pixels[1]);
 }
 
 }  // namespace
