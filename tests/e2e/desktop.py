@@ -1,0 +1,147 @@
+"""A display of its own with the Player on it: what a test sees through the accessibility tree, and presses through X."""
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+import warnings
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402
+
+warnings.simplefilter("ignore")
+POLL_SECONDS = 0.05
+SCREEN = "1024x768x24"
+
+
+class Desktop:
+    """Use as a context: a prefix in a temporary folder, a display, and the Player with its games installed."""
+
+    def __init__(self, build):
+        self.build = pathlib.Path(build)
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="tabulon-e2e-"))
+        self.player = None
+        self.helpers = []
+
+    def __enter__(self):
+        self.make_prefix()
+        read_end, write_end = os.pipe()
+        self.helpers.append(subprocess.Popen(
+            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", SCREEN, "-nolisten", "tcp"],
+            pass_fds=[write_end], stderr=subprocess.DEVNULL))
+        os.environ["DISPLAY"] = ":" + os.read(read_end, 16).decode().strip()
+        os.environ["XDG_RUNTIME_DIR"] = str(self.folder)
+        os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
+        os.environ.pop("QT_QPA_PLATFORM", None)
+        os.environ.pop("QT_ACCESSIBILITY", None)
+        self.helpers.append(subprocess.Popen(["openbox"], stderr=subprocess.DEVNULL))
+        Atspi.init()
+        self.start()
+        return self
+
+    def __exit__(self, kind, value, trace):
+        if kind:
+            self.screenshot("failed")
+        for process in [self.player, *reversed(self.helpers)]:
+            if process:
+                process.kill()
+                process.wait()
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    def make_prefix(self):
+        (self.folder / "bin").mkdir()
+        for program in ("tabulon-player", "tabulon-setup"):
+            shutil.copy2(self.build / "bin" / program, self.folder / "bin")
+        (self.folder / "share").symlink_to(self.build / "share")
+        games = self.folder / "var/games/tabulon"
+        games.mkdir(parents=True)
+        for package in (self.build / "var/games/tabulon").glob("*.gam"):
+            shutil.copy2(package, games)
+        subprocess.run([self.folder / "bin/tabulon-setup"], check=True, stdout=subprocess.DEVNULL)
+
+    def start(self):
+        self.player = subprocess.Popen([self.folder / "bin/tabulon-player"], cwd=self.folder)
+
+    def wait_for(self, what, condition, seconds=60):
+        """The first true answer of the condition; fails when none comes in time, or the Player ends."""
+        end = time.monotonic() + seconds
+        while time.monotonic() < end:
+            answer = condition()
+            if answer:
+                return answer
+            if self.player.poll() is not None:
+                raise AssertionError(f"the Player ended with {self.player.returncode} before {what}")
+            time.sleep(POLL_SECONDS)
+        raise AssertionError(f"no {what} within {seconds} seconds")
+
+    def nodes(self, role=None, name=None, inside=None):
+        """What shows on the screen, in the order of the tree."""
+        found = []
+        for root in [inside] if inside else self.applications():
+            self.collect(root, found)
+        return [n for n in found if (role is None or n.get_role_name() == role) and
+                (name is None or (n.get_name() or "").startswith(name))]
+
+    def applications(self):
+        desktop = Atspi.get_desktop(0)
+        programs = [desktop.get_child_at_index(i) for i in range(desktop.get_child_count())]
+        for program in programs:
+            program.set_cache_mask(Atspi.Cache.NONE)  # what it was told of is never up to date
+        return [program for program in programs if program]
+
+    def collect(self, node, found):
+        try:
+            if node is None:
+                return
+            states = node.get_state_set()
+            if node.get_role_name() != "application" and states.contains(Atspi.StateType.SHOWING):
+                found.append(node)
+            for i in range(node.get_child_count()):
+                self.collect(node.get_child_at_index(i), found)
+        except GLib.Error:
+            pass  # it went while we looked
+
+    def dialog(self, name):
+        """A dialog that can be used now."""
+        for node in self.nodes("dialog", name):
+            if Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN).width > 0:
+                return node
+        return None
+
+    def button(self, name, inside=None):
+        """A button that shows in a place on the screen and can be pressed."""
+        for node in self.nodes("push button", name, inside):
+            place = Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
+            if place.x >= 0 and place.width > 1 and self.enabled(node):
+                return node
+        return None
+
+    def enabled(self, node):
+        return node.get_state_set().contains(Atspi.StateType.ENABLED)
+
+    def texts(self, inside):
+        return [n.get_name() for n in self.nodes("label", inside=inside)]
+
+    def click(self, node):
+        place = Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
+        x, y = place.x + place.width // 2, place.y + place.height // 2
+        subprocess.run(["xdotool", "mousemove", "--sync", str(x), str(y), "click", "1"], check=True)
+
+    def key(self, *keys):
+        subprocess.run(["xdotool", "key", "--clearmodifiers", *keys], check=True)
+
+    def type(self, text):
+        subprocess.run(["xdotool", "type", "--clearmodifiers", text], check=True)
+
+    def screenshot(self, name):
+        folder = self.build / "screenshots"
+        folder.mkdir(exist_ok=True)
+        subprocess.run(["import", "-window", "root", str(folder / f"{pathlib.Path(sys.argv[0]).stem}-{name}.png")])
+
+    def wait_for_end(self, seconds=30):
+        self.player.wait(seconds)
+        return self.player.returncode
