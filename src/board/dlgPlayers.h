@@ -27,6 +27,7 @@ class DlgPlayers : public Form {
     Label lblChoosePieces{*this, "lblChoosePieces"};
     Shape shpCollections{*this, "shpCollections"};
     ComboBox cmbPlayingPieceCollections{*this, "cmbPlayingPieceCollections"};
+    Shape shpPlayers{*this, "shpPlayers"};  // a light ground for the rows, whose text is black and red
     ControlArray<Image, MaxSeats> imgHolder{*this, "imgHolder"};
     ControlArray<Label, MaxSeats> lblHolder{*this, "lblHolder"};
     ControlArray<Image, 12> imgPlayingPiece{*this, "imgPlayingPiece"};

@@ -67,6 +67,7 @@ void DlgPlayers::DesignPieces() {
 }
 
 void DlgPlayers::DesignPlayers() {
+    shpPlayers.FillColor = TextOnForms;
     for (int i = 0; i < MaxSeats; ++i) {
         imgHolder[i].Picture = {};
         imgHolder[i].Tag.clear();
@@ -94,8 +95,8 @@ void DlgPlayers::RepositionElements() {
                               {&lblPlayingPiece, PiecesLeft, 360, 268, 28, 14, 11},
                               {&chkIsComputerPlayer, 16, 412, 22, 22},
                               {&lblComputerPlayer, 44, 410, 240, 28, 12, 10},
-                              {&cmdOk, 380, 424, 110, 46, 14, 12},
-                              {&cmdCancel, 500, 424, 110, 46, 14, 12}});
+                              {&cmdOk, 352, 424, 118, 46, 14, 12},
+                              {&cmdCancel, 480, 424, 130, 46, 14, 12}});
         for (int i = 0; i < MaxSeats; ++i) {
             const int top = ListTop + i * RowHeight;
             PositionObjects(
@@ -106,6 +107,7 @@ void DlgPlayers::RepositionElements() {
             const int top = ListTop + i / PiecesInRow * PieceStep;
             PositionObjects(m_g, {{&imgPlayingPiece[i], left, top, PieceSize, PieceSize}});
         }
+        PositionObjects(m_g, {{&shpPlayers, 8, ListTop - 6, 300, MaxSeats * RowHeight + 8}});
         PositionShape(m_g, shpCollections, cmbPlayingPieceCollections);
     });
 }

@@ -17,11 +17,14 @@ namespace tabulon {
 class Form;
 
 struct Font {
-    std::string Name = "DejaVu Sans";
+    std::string Name = "Comic Neue";
     int Size = 8;  // points
     bool Bold = false;
     bool operator==(const Font&) const = default;
 };
+
+/// The usual colour of text on the ground of a form.
+inline constexpr Colour TextOnForms{255, 246, 227};
 
 enum class ControlKind : std::uint8_t {
     Label,
@@ -79,7 +82,7 @@ struct Label : Control {
 
     std::string Caption;  // "&" makes the next character an access key, "&&" shows one ampersand
     tabulon::Font Font;
-    Colour ForeColor;
+    Colour ForeColor = TextOnForms;
     bool Centred = false;
 };
 

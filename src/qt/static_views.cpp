@@ -14,9 +14,6 @@ namespace {
 
 constexpr int FrameWidth = 3;
 
-/// Black is what a label has that was given no colour: it takes the usual one of the look.
-QColor InkOf(Colour colour) { return colour == Colour{} ? Look::Cream : ToQt(colour); }
-
 }  // namespace
 
 /// A press stays with the control, as if it were a window of its own: nothing behind it is clicked.
@@ -65,7 +62,7 @@ void LabelView::SyncOwn() {
     if (m_caption.Take(label.Caption)) m_label.SetCaption(label.Caption);
     if (!m_colour.Take(label.ForeColor)) return;
     QPalette palette = m_label.palette();
-    palette.setColor(QPalette::WindowText, InkOf(label.ForeColor));
+    palette.setColor(QPalette::WindowText, ToQt(label.ForeColor));
     m_label.setPalette(palette);
 }
 
