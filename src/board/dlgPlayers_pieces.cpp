@@ -63,6 +63,7 @@ void DlgPlayers::DisplayPlayingPieces(Integer ThePage) {
             Image& piece = imgPlayingPiece[i - first];
             piece.Picture = PieceByIndex(i);
             piece.Tag = PieceKey(i);
+            piece.AccessibleName = PieceTitle(i);
             piece.Visible = true;
         }
     });

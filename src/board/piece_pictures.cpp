@@ -9,6 +9,57 @@ namespace {
 constexpr const char* Collections[] = {"Aliens", "Animals", "Objects", "Professions"};
 constexpr int PiecesPerCollection = 12;
 
+constexpr const char* Titles[PieceCount] = {
+    "One-eyed alien",
+    "Three-eyed alien",
+    "Flying saucer",
+    "Spiky alien",
+    "Pink squid",
+    "Eyes on stalks",
+    "Robot",
+    "Jellyfish",
+    "Grey alien",
+    "Two-headed alien",
+    "Star creature",
+    "Crystal creature",
+    "Cat",
+    "Dog",
+    "Fox",
+    "Rabbit",
+    "Owl",
+    "Frog",
+    "Elephant",
+    "Bear",
+    "Penguin",
+    "Lion",
+    "Turtle",
+    "Pig",
+    "Rocket",
+    "Teapot",
+    "Car",
+    "Sailing boat",
+    "Crown",
+    "Key",
+    "Star",
+    "Umbrella",
+    "Boot",
+    "Balloon",
+    "Book",
+    "Bell",
+    "Chef",
+    "Pilot",
+    "Doctor",
+    "Firefighter",
+    "Police officer",
+    "Astronaut",
+    "Builder",
+    "Farmer",
+    "Painter",
+    "Scientist",
+    "Pirate",
+    "Musician",
+};
+
 int CheckedIndex(int index) {
     if (index < 1 || index > PieceCount) throw Failure(FailureNumber::SubscriptOutOfRange);
     return index;
@@ -29,6 +80,8 @@ Picture PieceByKey(std::string_view key) {
         if (PieceKey(index) == key) return Picture::Piece(index);
     throw Failure(FailureNumber::ElementNotFound);
 }
+
+std::string PieceTitle(int index) { return Titles[CheckedIndex(index) - 1]; }
 
 std::string_view CollectionOfKey(std::string_view key) {
     const std::size_t close = key.find(')');

@@ -17,6 +17,9 @@ Picture PieceByIndex(int index);
 /// Fails with ElementNotFound for a key that is not in the list.
 Picture PieceByKey(std::string_view key);
 
+/// What the picture shows, for who cannot see it: "Cat". Fails with SubscriptOutOfRange.
+std::string PieceTitle(int index);
+
 /// The two parts of a key: "Animals" and "3".
 std::string_view CollectionOfKey(std::string_view key);
 std::string_view NumberOfKey(std::string_view key);

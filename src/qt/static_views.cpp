@@ -1,5 +1,6 @@
 #include "qt/static_views.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
@@ -13,6 +14,7 @@ namespace tabulon {
 namespace {
 
 constexpr int FrameWidth = 3;
+constexpr int FrameRadius = 8;
 
 }  // namespace
 
@@ -20,6 +22,7 @@ constexpr int FrameWidth = 3;
 template <class Data>
 bool StaticView<Data>::eventFilter(QObject* watched, QEvent* event) {
     const auto type = event->type();
+    if (type == QEvent::KeyPress && ClickByKey(*event)) return true;
     const bool isPress = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
     if (!isPress && type != QEvent::MouseButtonRelease) return ControlView::eventFilter(watched, event);
     const auto* mouse = static_cast<QMouseEvent*>(event);
@@ -28,6 +31,22 @@ bool StaticView<Data>::eventFilter(QObject* watched, QEvent* event) {
     m_pressed = isPress;
     if (clicked) this->DeliverClick();
     return true;
+}
+
+template <class Data>
+bool StaticView<Data>::ClickByKey(const QEvent& event) {
+    const auto& press = static_cast<const QKeyEvent&>(event);
+    const int key = press.key();
+    const bool clicks = key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (!clicks || press.isAutoRepeat() || !this->TheData().Click) return false;
+    this->DeliverClick();
+    return true;
+}
+
+template <class Data>
+void StaticView<Data>::SetReachable(bool showsSomething) {
+    const bool reachable = showsSomething && this->TheData().Click && this->TheData().TabStop;
+    this->Widget().setFocusPolicy(reachable ? Qt::TabFocus : Qt::NoFocus);
 }
 
 LabelWidget::LabelWidget(QWidget* parent) : QLabel(parent) {
@@ -44,6 +63,7 @@ void LabelWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     style()->drawItemText(&painter, rect(), static_cast<int>(alignment()) | LabelTextFlags, palette(),
                           isEnabled(), m_caption, QPalette::WindowText);
+    if (hasFocus()) Look::DrawFocusRing(painter, rect());
 }
 
 LabelView::LabelView(Label& label, ViewHost& host, QWidget* parent)
@@ -56,6 +76,7 @@ bool LabelView::ActivateByKey() {
 
 void LabelView::SyncOwn() {
     const Label& label = TheData();
+    SetReachable(!label.Caption.empty());
     if (m_font.Take(label.Font)) m_label.setFont(ToQt(label.Font));
     if (m_centred.Take(label.Centred))
         m_label.setAlignment((label.Centred ? Qt::AlignHCenter : Qt::AlignLeft) | Qt::AlignTop);
@@ -83,9 +104,11 @@ void PictureWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const QPixmap& pixmap = m_picture.For(*this);
     if (!pixmap.isNull()) painter.drawPixmap(0, 0, pixmap);
-    if (!m_border) return;
-    painter.setPen(Look::Ink);
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    if (m_border) {
+        painter.setPen(QPen(Look::Yellow, FrameWidth));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5), FrameRadius, FrameRadius);
+    }
+    if (hasFocus()) Look::DrawFocusRing(painter, rect());
 }
 
 void PictureWidget::resizeEvent(QResizeEvent*) { m_picture.For(*this); }
@@ -95,6 +118,7 @@ ImageView::ImageView(Image& image, ViewHost& host, QWidget* parent)
       m_picture(static_cast<PictureWidget&>(Widget())) {}
 
 void ImageView::SyncOwn() {
+    SetReachable(TheData().Picture.Set != PictureSet::None);
     if (m_border.Take(TheData().Border)) m_picture.SetBorder(TheData().Border);
     if (m_shown.Take(TheData().Picture)) m_picture.Show(TheData().Picture);
 }

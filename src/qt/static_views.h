@@ -15,7 +15,13 @@ class StaticView : public ViewOf<Data> {
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
+  protected:
+    /// What can be clicked and shows something is reached by Tab, and clicked by Enter and Space.
+    void SetReachable(bool showsSomething);
+
   private:
+    bool ClickByKey(const QEvent& event);
+
     bool m_pressed = false;
 };
 
