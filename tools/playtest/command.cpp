@@ -1,0 +1,97 @@
+#include "playtest/command.h"
+
+#include <algorithm>
+#include <chrono>
+#include <ostream>
+
+#include "playtest/arguments.h"
+#include "playtest/figures_output.h"
+#include "playtest/script.h"
+#include "playtest/session.h"
+#include "playtest/unusable.h"
+
+namespace tabulon::playtest {
+
+namespace {
+
+constexpr std::chrono::seconds QuietTime(1);
+
+/// Tells how far a long run is, in one line that goes again.
+class ProgressLine {
+  public:
+    explicit ProgressLine(const Console& console) : m_console(console) {}
+    ~ProgressLine() {
+        if (m_shown) m_console.Err << "\r\x1b[K" << std::flush;
+    }
+    ProgressLine(const ProgressLine&) = delete;
+    ProgressLine& operator=(const ProgressLine&) = delete;
+
+    void Show(std::int64_t done, std::int64_t games) {
+        if (std::chrono::steady_clock::now() - m_start < QuietTime) return;
+        m_console.Err << '\r' << done << " of " << games << " games (" << Percent(done, games) << ")\x1b[K"
+                      << std::flush;
+        m_shown = true;
+    }
+
+  private:
+    const Console& m_console;
+    const std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
+    bool m_shown = false;
+};
+
+Statistics PlayWatched(const StatisticsSettings& settings, const Console& console) {
+    ProgressLine line(console);
+    Progress progress;
+    if (console.IsTerminal) progress = [&](std::int64_t done) { line.Show(done, settings.Games); };
+    return PlayStatistics(settings, progress);
+}
+
+ExitStatus RunStatistics(const Arguments& arguments, const Console& console) {
+    const Statistics statistics = PlayWatched(arguments.Statistics, console);
+    if (arguments.Json) {
+        PrintJson(statistics, console.Out);
+    } else {
+        PrintReport(statistics, console.Out);
+    }
+    return Done;
+}
+
+ExitStatus RunTask(const Arguments& arguments, const Console& console) {
+    switch (arguments.What) {
+        case Arguments::Task::Help:
+            console.Out << HelpText;
+            return Done;
+        case Arguments::Task::Version:
+            console.Out << "tabulon-playtest " TABULON_VERSION "\n";
+            return Done;
+        case Arguments::Task::Script:
+            return PlaySession(ReadScript(arguments.Script), console.Out) == SessionEnd::Stuck ? SessionStuck
+                                                                                               : Done;
+        case Arguments::Task::Statistics:
+            return RunStatistics(arguments, console);
+    }
+    return WrongUse;
+}
+
+/// One line, whatever is in a file's name.
+std::string OneLine(std::string text) {
+    std::ranges::replace_if(
+        text, [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
+    return "tabulon-playtest: " + text + "\n";
+}
+
+}  // namespace
+
+ExitStatus Run(const std::vector<std::string>& arguments, const Console& console) {
+    try {
+        return RunTask(ParseArguments(arguments), console);
+    } catch (const WrongArguments& wrong) {
+        console.Err << OneLine(wrong.what()) << "Try tabulon-playtest --help.\n";
+        return WrongUse;
+    } catch (const std::exception& failure) {
+        console.Err << OneLine(failure.what());
+        return CannotBeUsed;
+    }
+}
+
+}  // namespace tabulon::playtest

@@ -1,0 +1,105 @@
+#include "playtest/statistics.h"
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <exception>
+#include <mutex>
+#include <thread>
+
+namespace tabulon::playtest {
+
+namespace {
+
+constexpr std::chrono::milliseconds ProgressInterval(200);
+
+/// The threads of a run, and what they share: the number of the next game.
+class Workers {
+  public:
+    Workers(const StatisticsSettings& settings, Simulation& first) : m_settings(settings), m_first(first) {}
+
+    Figures Play(const Progress& progress) {
+        const auto count =
+            static_cast<std::size_t>(std::min<std::int64_t>(m_settings.Jobs, m_settings.Games));
+        m_running = count;
+        std::vector<std::jthread> threads;
+        for (std::size_t i = 0; i < count; ++i) threads.emplace_back([this, i] { Work(i == 0); });
+        Wait(progress);
+        threads.clear();
+        if (m_failure) std::rethrow_exception(m_failure);
+        return std::move(m_sum);
+    }
+
+  private:
+    void Work(bool first) {
+        try {
+            if (first) {
+                PlayShare(m_first);
+            } else {
+                Simulation simulation(m_settings);
+                PlayShare(simulation);
+            }
+        } catch (...) {
+            m_next = m_settings.Games;
+            const std::lock_guard lock(m_mutex);
+            m_failure = std::current_exception();
+        }
+        const std::lock_guard lock(m_mutex);
+        --m_running;
+        m_ended.notify_one();
+    }
+
+    void PlayShare(Simulation& simulation) {
+        for (std::int64_t game = m_next++; game < m_settings.Games; game = m_next++) simulation.Play(game);
+        const std::lock_guard lock(m_mutex);
+        m_sum.Add(simulation.Counted());
+    }
+
+    void Wait(const Progress& progress) {
+        std::unique_lock lock(m_mutex);
+        while (!m_ended.wait_for(lock, ProgressInterval, [this] { return m_running == 0; })) {
+            if (progress) progress(std::min(m_next.load(), m_settings.Games));
+        }
+    }
+
+    const StatisticsSettings& m_settings;
+    Simulation& m_first;
+    std::atomic<std::int64_t> m_next = 0;
+    std::mutex m_mutex;
+    std::condition_variable m_ended;
+    std::size_t m_running = 0;
+    Figures m_sum;
+    std::exception_ptr m_failure;
+};
+
+GameFacts FactsOf(Program& program) {
+    GameFacts facts;
+    CGame& game = *program.frmMain.Game;
+    facts.Name = game.GameName;
+    for (const CSpace& space : game.Spaces)
+        facts.Spaces.push_back({space.Sequence.Value(), space.Left, space.Top, space.Width, space.Height,
+                                space.ActionType.Value(), space.message});
+    for (const CDeck& deck : game.Decks)
+        for (const CCard& card : deck.Cards)
+            facts.Cards.push_back({deck.Index.Value(), card.Index.Value(), deck.Name, card.message});
+    facts.Board = program.frmMain.picMainBoard.Picture.File;
+    return facts;
+}
+
+}  // namespace
+
+double Statistics::TurnsPerSecond() const {
+    return Seconds > 0 ? static_cast<double>(Counted.Turns()) / Seconds : 0;
+}
+
+Statistics PlayStatistics(const StatisticsSettings& settings, const Progress& progress) {
+    Simulation first(settings);
+    Statistics statistics{settings, FactsOf(first.ThePlayer()), first.Loading(), 0};
+    const auto start = std::chrono::steady_clock::now();
+    statistics.Counted.Add(Workers(settings, first).Play(progress));
+    statistics.Seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    return statistics;
+}
+
+}  // namespace tabulon::playtest
