@@ -6,12 +6,6 @@
 
 namespace tabulon {
 
-namespace {
-
-constexpr const char* ProductPage = "https://www.corvane.example/tabulon/";
-
-}  // namespace
-
 FrmMain::FrmMain(Globals& g, const MainFormParts& parts)
     : MainForm(g),
       m_parts(parts),
@@ -43,6 +37,7 @@ void FrmMain::WireButtons() {
     cmdMinimizeWindow.Click = [this] { cmdMinimizeWindow_Click(); };
     cmdSoundOff.Click = [this] { cmdSoundOff_Click(); };
     cmdSoundOn.Click = [this] { cmdSoundOn_Click(); };
+    cmdHelp.Click = [this] { m_parts.dlgHelp.SetUp(Game); };
     cmdTabulon.Click = [this] { cmdTabulon_Click(); };
 }
 
@@ -52,6 +47,7 @@ void FrmMain::WireTwins() {
     cmdFakeNew.Click = [this] { m_control.cmdNew_Click(); };
     cmdFakeLoadGame.Click = [this] { m_control.cmdLoadGame_Click(); };
     cmdFakeSaveGame.Click = [this] { m_control.cmdSaveGame_Click(); };
+    cmdFakeHelp.Click = [this] { m_parts.dlgHelp.SetUp(Game); };
     cmdFakeQuit.Click = [this] { cmdQuit_Click(); };
 }
 
@@ -77,6 +73,8 @@ void FrmMain::Form_Load() {
         Show();
         m_parts.frmTabulonSplash.Unload();
         m_parts.control.frmSplash.Unload();
+        bool shown = false;
+        m_parts.dlgTipOfTheDay.TipOfTheDay(shown);
         if (State.SavedGameLoaded) {
             m_control.StartLoadedGame();
         } else {
@@ -199,7 +197,7 @@ void FrmMain::cmdTabulon_Click() {
         const std::string builder = ToText(
             m_g.Registry.RegistryGetKeyValue(HKEY_LOCAL_MACHINE, std::string(ProductKey), "BuilderPath"));
         if (builder.empty()) {
-            OpenInBrowser(m_g.Shell, m_g.gErrHandler, ProductPage);
+            OpenInBrowser(m_g.Shell, m_g.gErrHandler, m_g.Application.WebSite + "/index.html");
         } else {
             m_g.Shell.Start(std::filesystem::path(builder) / "Tabulon.exe");
         }

@@ -2,6 +2,7 @@
 
 #include "app/game_control.h"
 #include "app/turn_cycle.h"
+#include "info/dlgHelp.h"
 #include "info/frmTabulonSplash.h"
 #include "library/game_host.h"
 
@@ -13,6 +14,8 @@ struct MainFormParts {
     FrmTabulonSplash& frmTabulonSplash;
     FrmSlots& frmSlots;
     DlgDrawCard& dlgDrawCard;
+    DlgHelp& dlgHelp;
+    DlgTipOfTheDay& dlgTipOfTheDay;
 };
 
 /// The main form: brings the program up and down, and joins its controls with the procedures of play.

@@ -8,17 +8,23 @@ namespace tabulon {
 
 Program::Program(const Machine& machine)
     : globals(machine),
+      dlgError(globals, machine.Mail ? *machine.Mail : noMail, dlgErrorCause),
       frmMain(globals, {{packages, savedGames, frmGameMusic, dlgMsgOk, dlgMsgYesNo, dlgPlayers, dlgLoadGame,
                          frmSplash},
                         frmTabulonSplash,
                         frmSlots,
-                        dlgDrawCard}),
+                        dlgDrawCard,
+                        dlgHelp,
+                        dlgTipOfTheDay}),
+      dlgHelp(globals, frmMain, packages, dlgRTF, dlgTipOfTheDay),
       dlgPlayers(globals, frmGameMusic, frmMain),
       dlgInstallGames(globals, packages),
       dlgLoadGame(globals, {frmGameMusic, packages, savedGames, dlgInstallGames, frmMain, frmMain}),
       frmTabulonSplash(globals, frmMain, frmSplash, frmGameMusic, dlgLoadGame),
       m_dataDirectory(machine.DataDirectory),
       m_store(machine.Store) {
+    globals.gErrHandler.ShowDetails = [this](const std::string& details) { dlgError.SetData(details); };
+    dlgError.GameDirectory = [this] { return frmMain.GameDirectory; };
     frmTabulonSplash.Abort = [this] { frmMain.Abort(); };
 }
 

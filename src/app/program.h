@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/frmMain.h"
+#include "diagnostics/dlgError.h"
 #include "library/dlgInstallGames.h"
 
 namespace tabulon {
@@ -14,6 +15,9 @@ class Program {
     void Main();
 
     Globals globals;
+    NoMail noMail;
+    DlgErrorCause dlgErrorCause{globals};
+    DlgError dlgError;
     modInstallUninstall packages{globals};
     modSavedGames savedGames{globals, packages};
     FrmGameMusic frmGameMusic{globals, packages};
@@ -22,7 +26,10 @@ class Program {
     FrmSlots frmSlots{globals};
     DlgDrawCard dlgDrawCard{globals, frmGameMusic, dlgMsgOk};
     FrmSplash frmSplash{globals, packages};
+    DlgRTF dlgRTF{globals, packages};
+    DlgTipOfTheDay dlgTipOfTheDay{globals};
     FrmMain frmMain;
+    DlgHelp dlgHelp;
     DlgPlayers dlgPlayers;
     DlgInstallGames dlgInstallGames;
     DlgLoadGame dlgLoadGame;

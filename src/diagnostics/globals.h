@@ -7,6 +7,7 @@
 #include "forms/screen.h"
 #include "platform/application_info.h"
 #include "platform/clock.h"
+#include "platform/mail.h"
 #include "platform/modRegistry.h"
 #include "platform/ogg_player.h"
 #include "platform/random.h"
@@ -27,6 +28,8 @@ struct Machine {
     std::filesystem::path DataDirectory;
     /// The user's regional settings, for dates.
     std::locale Regional = std::locale::classic();
+    /// Sends error logs; without it none go out.
+    tabulon::Mail* Mail = nullptr;
 };
 
 /// The state that every module may reach: one object for each running Player.

@@ -28,4 +28,11 @@ class Mail {
                       const std::function<void()>& whileWaiting) = 0;
 };
 
+/// Where no mail goes out.
+class NoMail final : public Mail {
+  public:
+    bool IsDestinationReachable(const std::string&) override { return false; }
+    bool Send(const MailMessage&, const std::string&, const std::function<void()>&) override { return false; }
+};
+
 }  // namespace tabulon

@@ -5,6 +5,7 @@
 #include "app/program.h"
 #include "platform/directories.h"
 #include "platform/seeded_random.h"
+#include "platform/smtp_mail.h"
 #include "platform/text.h"
 #include "player/terminal_game.h"
 #include "qt/look.h"
