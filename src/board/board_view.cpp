@@ -53,7 +53,8 @@ void BoardView::DrawSpaces() {
         PlaceBoxes();
         const Integer index = state.RuleA(state.WhoseTurn);
         // By place in the collection, not by number.
-        SetOverviewSpace(Required(m_form.Game).Spaces.Item(state.Position[index].Value()));
+        const CGame& game = Required(m_form.Game);
+        SetOverviewSpace(game.Spaces.Item(state.Position[index].Value()));
         CountRound(index);
         m_form.lblRound.Caption = "Round " + ToText(m_form.State.Round);
         m_form.lblRound.Raise();

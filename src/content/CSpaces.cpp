@@ -73,6 +73,7 @@ CSpace& CSpaces::Add(Integer Sequence, std::int32_t Top, std::int32_t Left, std:
     space->Width = Width;
     space->ActionType = ActionType;
     if (Message != " ") space->message = std::move(Message);
+    m_byNumber.clear();
     space->Data1 = Data1;
     space->Data2 = Data2;
     return Collection::Add(std::move(space), Key);
@@ -96,10 +97,19 @@ Integer CSpaces::NextSequence() const {
     return highest + 1;
 }
 
-CSpace* CSpaces::ItemBySequence(Integer Sequence) const {
+const CSpace* CSpaces::Walk(Integer Sequence) const {
+    if (m_byNumber.empty()) NumberSpaces();
     for (int position = Count(); position > 0; --position)
         if (Item(position).Sequence == Sequence) return &Item(position);
     return nullptr;
+}
+
+void CSpaces::NumberSpaces() const {
+    m_byNumber.assign(static_cast<std::size_t>(Count()) + 1, nullptr);
+    for (const CSpace& space : *this) {
+        const auto number = static_cast<std::size_t>(space.Sequence.Value());
+        if (number < m_byNumber.size()) m_byNumber[number] = &space;
+    }
 }
 
 std::span<const ColumnDefinition> CSpaces::Columns() { return ContentColumns; }

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "content/collection.h"
 #include "content/content_files.h"
@@ -49,7 +50,11 @@ class CSpaces : private Collection<CSpace> {
     /// One above the highest number; 1 for an empty board.
     Integer NextSequence() const;
     /// The last space with that number; null when there is none.
-    CSpace* ItemBySequence(Integer Sequence) const;
+    const CSpace* ItemBySequence(Integer Sequence) const {
+        const auto number = static_cast<std::size_t>(Sequence.Value());
+        if (number >= m_byNumber.size()) return Walk(Sequence);
+        return m_byNumber[number];
+    }
     static std::span<const ColumnDefinition> Columns();
     RecordsetDefinition DefineEmptyRS() const;
     /// Reports a failure unless there are no spaces: it asks for the member `Index`, which a space has not.
@@ -63,12 +68,27 @@ class CSpaces : private Collection<CSpace> {
     using Collection::Item;
     using Collection::Remove;
 
+    /// Whoever gets a space to change may give it another number, before anything is looked up again.
+    CSpace& Item(int position) {
+        m_byNumber.clear();
+        return Collection::Item(position);
+    }
+    const CSpace& Item(int position) const { return Collection::Item(position); }
+    void Remove(int position) {
+        m_byNumber.clear();
+        Collection::Remove(position);
+    }
+
   private:
+    const CSpace* Walk(Integer Sequence) const;
+    void NumberSpaces() const;
     bool LoadFile();
     void AddRow(const PersistedRecordset::Row& row);
 
     Globals& m_g;
     modInstallUninstall& m_packages;
+    /// The spaces numbered 0 to Count(), as they mostly are; empty until a walk has found them out.
+    mutable std::vector<const CSpace*> m_byNumber;
 };
 
 }  // namespace tabulon
