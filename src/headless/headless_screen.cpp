@@ -39,14 +39,28 @@ void HeadlessScreen::Sleep(int milliseconds) {
 
 void HeadlessScreen::WaitForEver(std::string_view why) { throw Stuck{"frmMain", std::string(why)}; }
 
+void HeadlessScreen::Loaded(Form& form) {
+    Screen::Loaded(form);
+    ListTimers();
+}
+
+void HeadlessScreen::Forget(Form& form) {
+    Screen::Forget(form);
+    ListTimers();
+}
+
+void HeadlessScreen::ListTimers() {
+    m_timers.clear();
+    for (const Form* form : LoadedForms())
+        m_timers.insert(m_timers.end(), form->Timers.begin(), form->Timers.end());
+}
+
 void HeadlessScreen::ArmTimers() {
-    for (const Form* form : LoadedForms()) {
-        for (Timer* timer : form->Timers) {
-            if (!timer->Enabled) {
-                timer->DueAt = Timer::NotArmed;
-            } else if (timer->DueAt == Timer::NotArmed) {
-                timer->DueAt = m_now + timer->Interval;
-            }
+    for (Timer* timer : m_timers) {
+        if (!timer->Enabled) {
+            timer->DueAt = Timer::NotArmed;
+        } else if (timer->DueAt == Timer::NotArmed) {
+            timer->DueAt = m_now + timer->Interval;
         }
     }
 }
@@ -56,23 +70,18 @@ void HeadlessScreen::FireDueTimers() {
     const auto due = [this](const Timer* timer) {
         return timer->Enabled && timer->DueAt != Timer::NotArmed && timer->DueAt <= m_now;
     };
-    for (std::size_t i = 0; i < LoadedForms().size(); ++i) {
-        const std::vector<Timer*>& timers = LoadedForms()[i]->Timers;
-        const auto timer = std::find_if(timers.begin(), timers.end(), due);
-        if (timer == timers.end()) continue;
+    for (auto timer = std::ranges::find_if(m_timers, due); timer != m_timers.end();
+         timer = std::ranges::find_if(m_timers, due)) {
         (*timer)->DueAt = m_now + (*timer)->Interval;
         if ((*timer)->Tick) (*timer)->Tick();
-        i = std::numeric_limits<std::size_t>::max();
     }
 }
 
 bool HeadlessScreen::JumpToNextTimer(const Form& waiting) {
     if (!HasRunningTimer(waiting)) return false;
     std::int64_t next = std::numeric_limits<std::int64_t>::max();
-    for (const Form* form : LoadedForms()) {
-        for (const Timer* timer : form->Timers) {
-            if (timer->Enabled && timer->DueAt != Timer::NotArmed) next = std::min(next, timer->DueAt);
-        }
+    for (const Timer* timer : m_timers) {
+        if (timer->Enabled && timer->DueAt != Timer::NotArmed) next = std::min(next, timer->DueAt);
     }
     m_now = std::max(m_now, next);
     FireDueTimers();

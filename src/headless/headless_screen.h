@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "forms/screen.h"
 #include "platform/clock.h"
@@ -40,6 +41,8 @@ class HeadlessScreen final : public Screen {
     /// Since the screen was made.
     std::int64_t Milliseconds() const { return m_now; }
 
+    void Loaded(Form& form) override;
+    void Forget(Form& form) override;
     void Show(Form&) override {}
     void ShowModal(Form& form) override;
     void Hide(Form&) override {}
@@ -65,6 +68,7 @@ class HeadlessScreen final : public Screen {
     std::function<void(const FilePicture&)> PictureLoaded;
 
   private:
+    void ListTimers();
     void ArmTimers();
     void FireDueTimers();
     bool JumpToNextTimer(const Form& waiting);
@@ -72,6 +76,7 @@ class HeadlessScreen final : public Screen {
     HeadlessUser& m_user;
     Size m_size;
     std::int64_t m_now = 0;
+    std::vector<Timer*> m_timers;  // of the loaded forms, in their order
     MousePointer m_pointer = MousePointer::Default;
 };
 
