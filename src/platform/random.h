@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cmath>
-
 namespace tabulon {
 
 /// The program's one source of chance.
@@ -17,7 +15,9 @@ class Random {
     /// floor(range * Rnd + offset), formed in double precision: in single precision the greatest draws of a
     /// wide range would round up to one above it.
     int Draw(int range, int offset) {
-        return static_cast<int>(std::floor(static_cast<double>(Rnd()) * range + offset));
+        const double drawn = static_cast<double>(Rnd()) * range + offset;
+        const int towardsZero = static_cast<int>(drawn);
+        return towardsZero > drawn ? towardsZero - 1 : towardsZero;
     }
 };
 
