@@ -8,6 +8,7 @@ from desktop import Desktop
 def main(build):
     with Desktop(build) as desktop:
         table.choose(desktop, "The Lantern Race")
+        table.close_tip(desktop)
         table.enter_players(desktop, ["Ann", "Robo"], computers=["Robo"])
         desktop.screenshot("begun")
         message = table.play_until_won(desktop)

@@ -13,6 +13,13 @@ def choose(desktop, game=None):
     desktop.click(chooser)
 
 
+def close_tip(desktop):
+    """The tip of the day that comes after the first choice."""
+    desktop.wait_for("tip of the day", lambda: desktop.dialog("Tip of the Day"))
+    desktop.key("Escape")
+    desktop.wait_for("the tip to close", lambda: not desktop.dialog("Tip of the Day"))
+
+
 def enter_players(desktop, names, computers=()):
     """Types the names, gives each a piece of the collection that shows, and ticks the computers."""
     dialog = desktop.wait_for("players dialog", lambda: desktop.dialog("Players"))
