@@ -107,7 +107,10 @@ void GameControl::StartNewGame(bool AskPlayers) {
             return;
         }
         ClearStateForNewGame();
-        BeginNewGame();
+        if (m_form.State.PlayerCount >= 1) {
+            LayOutPlates();
+            BeginNewGame();
+        }
         ShowPlayingCaption();
     });
 }
@@ -116,7 +119,10 @@ void GameControl::ClearStateForNewGame() {
     PlayState& state = m_form.State;
     state.LoadedGame = state.CardFinished = state.GameInProgress = state.GameOver = state.GamePlayed = false;
     state.GameStart = true;
-    if (state.PlayerCount < 1) return;
+}
+
+void GameControl::LayOutPlates() {
+    PlayState& state = m_form.State;
     state.ReDimForNewGame();
     for (int i = 0; i < state.PlayerCount.Value(); ++i) {
         state.Position[i] = 1;

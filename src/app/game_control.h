@@ -58,6 +58,7 @@ class GameControl {
     bool Ask(const std::string& question);
     void LayOutPlate(int index);
     void ClearStateForNewGame();
+    void LayOutPlates();
     void BeginNewGame();
     void ClearStateForLoadedGame();
     void FillLoadedPlate(Integer seat);
