@@ -133,6 +133,8 @@ void MainForm::RepositionElements() {
             PositionObject(m_g, *place.Object, 0, Y(place.Height), X(place.Left), Y(place.Top),
                            X(place.Width));
         }
+        for (PictureButton* sound : {&cmdSoundOff, &cmdSoundOn})
+            PositionObject(m_g, *sound, 0, 348, 6536, 64, 480);
         PositionObject(m_g, cmdTabulon, 8, 0, 0, 0, 0);
         PositionObject(m_g, lblRound, 11, 0, 0, 0, 0);
         PositionObject(m_g, lblGameName, 16, 0, 0, 0, 0);
