@@ -1,0 +1,143 @@
+#include <gmock/gmock.h>
+
+#include "board/main_form.h"
+#include "support/test_machine.h"
+
+namespace tabulon {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class LayoutTest : public testing::TestWithParam<int> {
+  protected:
+    LayoutTest() {
+        g.SmallFonts = GetParam() == 96;
+        g.gErrHandler.AfterHandlerCalled = [this] { ++errors; };
+        form.Load();
+        form.RepositionElements();
+    }
+    float Pixels(float twips) const { return twips / screen.TwipsPerPixelX(); }
+    std::vector<float> PlaceOf(const Control& control) const {
+        return {Pixels(control.Left), Pixels(control.Top), Pixels(control.Width), Pixels(control.Height)};
+    }
+    float Right(const Control& control) const { return Pixels(control.Left + control.Width); }
+    float Bottom(const Control& control) const { return Pixels(control.Top + control.Height); }
+
+    test::TestMachine machine;
+    HeadlessScreen screen{machine.User, {1280, 1024, GetParam()}};
+    Globals g{{screen, machine.Clock, machine.Random, machine.Shell, machine.Player, machine.Store, {}, {}}};
+    MainForm form{g};
+    int errors = 0;
+};
+
+TEST_P(LayoutTest, IsTheSameInPixels) {
+    EXPECT_THAT(PlaceOf(form.cmdMinimizeWindow), ElementsAre(960, 0, 31, 33));
+    EXPECT_THAT(PlaceOf(form.cmdQuit), ElementsAre(920, 0, 31, 33));
+    EXPECT_THAT(PlaceOf(form.cmdTabulon), ElementsAre(40, 120, 201, 29));
+    EXPECT_THAT(PlaceOf(form.cmdNew), ElementsAre(280, 40, 57, 57));
+    for (const Control* device : {&form.cmdRoll, &form.cmdSpin, &form.cmdPass})
+        EXPECT_THAT(PlaceOf(*device), ElementsAre(344, 40, 57, 57));
+    EXPECT_THAT(PlaceOf(form.cmdSaveGame), ElementsAre(408, 40, 57, 57));
+    EXPECT_THAT(PlaceOf(form.picMainBoard), ElementsAre(testing::_, testing::_, 617, 424));
+    EXPECT_EQ(form.BoardWidth(), 617);
+    EXPECT_EQ(form.BoardHeight(), 424);
+    EXPECT_EQ(errors, 0);
+}
+
+TEST_P(LayoutTest, SoundButtonsStandWhereTheirRowSays) {
+    if (g.SmallFonts) return;
+    for (const Control* button : {&form.cmdSoundOff, &form.cmdSoundOn}) {
+        EXPECT_EQ(button->Width, 480);
+        EXPECT_EQ(button->Top, 64);
+        EXPECT_EQ(button->Left, 6536);
+        EXPECT_EQ(button->Height, 348);
+    }
+    EXPECT_EQ(form.cmdTabulon.FontTextCaption.Size, 8);
+}
+
+TEST_P(LayoutTest, FitsTheScreen) {
+    form.ResizeObjects();
+    EXPECT_EQ(Pixels(form.Width), 1280);
+    EXPECT_EQ(Pixels(form.Height), 1024);
+    EXPECT_EQ(form.Left, 0);
+    EXPECT_EQ(form.Top, 0);
+    EXPECT_EQ(Pixels(form.imgRound.Left), 1280 - 177);
+    EXPECT_EQ(Pixels(form.lblRound.Left - form.imgRound.Left), 24);
+    EXPECT_EQ(Pixels(form.lblRound.Top - form.imgRound.Top), 15);
+    EXPECT_EQ(form.picOverview.Left + form.picOverview.Width / 2,
+              form.imgRound.Left + form.imgRound.Width / 2);
+    EXPECT_EQ(Right(form.cmdQuit), 1280);
+    EXPECT_EQ(Pixels(form.cmdQuit.Left) - Right(form.cmdMinimizeWindow), 3);
+    EXPECT_EQ(errors, 0);
+}
+
+TEST_P(LayoutTest, GivesTheBoardTheMainArea) {
+    form.ResizeObjects();
+    EXPECT_EQ(form.picMainBoard.Left, 0);
+    EXPECT_EQ(Pixels(form.picMainBoard.Top) - Bottom(form.picOverview), 8);
+    EXPECT_EQ(Bottom(form.picMainBoard), 1024);
+    EXPECT_EQ(Right(form.picMainBoard), 1280 - 177 - 7);
+    EXPECT_EQ(Pixels(form.imgBoardStrip.Width - form.picMainBoard.Width), 3);
+    EXPECT_EQ(Pixels(form.picMainBoard.Top - form.imgBoardStrip.Top), 4);
+}
+
+TEST_P(LayoutTest, PutsThePlatesRightOfTheBoard) {
+    form.ResizeObjects();
+    const float gap = Pixels(form.imgCharacter[0].Top) - Bottom(form.imgRound);
+    EXPECT_TRUE(gap == 10 || gap == 32) << gap;
+    for (int i = 0; i < 6; ++i) {
+        EXPECT_EQ(Pixels(form.imgCharacter[i].Left - form.picMainBoard.Width), 15);
+        EXPECT_EQ(Pixels(form.lblName[i].Left) - Right(form.imgCharacter[i]), 7);
+        EXPECT_EQ(form.lblPoints[i].Left, form.lblName[i].Left);
+        if (i > 0) {
+            EXPECT_EQ(Pixels(form.imgCharacter[i].Top) - Bottom(form.imgCharacter[i - 1]), 32);
+        }
+    }
+}
+
+TEST_P(LayoutTest, LinesTheButtonsUpFromRightToLeft) {
+    form.ResizeObjects();
+    const float edge = form.imgStripEnd.Left;
+    EXPECT_EQ(Pixels(edge - form.cmdHelp.Left), 86);
+    EXPECT_EQ(Pixels(edge - form.cmdSoundOff.Left), 77);
+    EXPECT_EQ(form.cmdSoundOn.Left, form.cmdSoundOff.Left);
+    const Control* row[] = {&form.cmdNew, &form.cmdRoll, &form.cmdSaveGame, &form.cmdLoadGame, &form.cmdHelp};
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(Pixels(row[i + 1]->Left) - Right(*row[i]), 7) << row[i]->Name;
+    EXPECT_EQ(form.cmdSpin.Left, form.cmdRoll.Left);
+    EXPECT_EQ(form.cmdPass.Left, form.cmdRoll.Left);
+    EXPECT_EQ(Pixels(form.cmdNew.Left) - Right(form.lblGameName), 7);
+}
+
+TEST_P(LayoutTest, LeavesAMinimisedFormAlone) {
+    form.WindowState = WindowState::Minimised;
+    const std::vector<float> board = PlaceOf(form.picMainBoard);
+    const float width = form.Width;
+    form.ResizeObjects();
+    EXPECT_EQ(PlaceOf(form.picMainBoard), board);
+    EXPECT_EQ(form.Width, width);
+    form.WindowState = WindowState::Normal;
+    form.ResizeObjects();
+    EXPECT_NE(PlaceOf(form.picMainBoard), board);
+}
+
+INSTANTIATE_TEST_SUITE_P(Densities, LayoutTest, testing::Values(96, 120),
+                         [](const auto& row) { return "Dpi" + std::to_string(row.param); });
+
+TEST(LayoutAtSmallFontsTest, TheDesignStands) {
+    test::TestMachine machine;
+    MainForm form(machine.g);
+    form.Load();
+    EXPECT_EQ(form.picMainBoard.Width, 9255);
+    EXPECT_EQ(form.picMainBoard.Height, 6360);
+    EXPECT_EQ(form.picOverview.Width, 2055);
+    EXPECT_EQ(form.picOverview.Height, 1935);
+    for (Control* control : form.Controls) control->Left += 1;
+    const float left = form.cmdNew.Left;
+    form.RepositionElements();
+    EXPECT_EQ(form.cmdNew.Left, left);
+    EXPECT_THAT(machine.Errors, IsEmpty());
+}
+
+}  // namespace
+}  // namespace tabulon
