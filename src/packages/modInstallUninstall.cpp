@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* UnpackedKinds[] = {"*.dat", "*.xml", "*.txt", "*.chm",
                                          "*.hlp", "*.jpg", "*.bmp", "*.gif"};
-constexpr const char* KeptKinds[] = {".gam", ".snd", ".db", ".sqlite", ".sqlite3"};
+constexpr const char* KeptKinds[] = {".gam", ".snd", ".db", ".log"};
 constexpr std::size_t ExtensionLength = 4;
 
 std::string GameKeyPath(const std::string& name) { return std::string(GamesKey) + "\\" + name; }
@@ -28,7 +28,8 @@ std::vector<std::string> LinesOf(const fs::path& file) {
     return Lines(ToUtf8(ReadFile(found, limits::SettingsBytes)));
 }
 
-/// Packages, sound archives and the settings lie beside what is unpacked: no entry may take their place.
+/// Packages, sound archives, the settings and the trace lie beside what is unpacked: no entry may take their
+/// place.
 bool IsKept(const std::string& name) {
     std::string extension = fs::path(name).extension().string();
     extension.resize(extension.find('-') == extension.npos ? extension.size() : extension.find('-'));

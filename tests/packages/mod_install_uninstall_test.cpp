@@ -108,7 +108,7 @@ TEST_F(PackagesTest, WhatCannotBeUnpackedIsReportedAndLogged) {
 }
 
 TEST_F(PackagesTest, NothingOfTheProgramsOwnIsReplaced) {
-    for (const char* name : {"other.gam", "kids.SND", "settings.db", "settings.sqlite-journal"}) {
+    for (const char* name : {"other.gam", "kids.SND", "settings.db", "Settings.DB-journal"}) {
         Pack(Key, {{name, "hostile"}});
         EXPECT_FALSE(Extract(name, false)) << name;
         EXPECT_TRUE(FindFile(machine.AppDir(), name).empty()) << name;
