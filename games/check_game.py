@@ -7,7 +7,8 @@ import pathlib
 import re
 import struct
 import sys
-import xml.etree.ElementTree as ElementTree
+
+from check_cards import check_decks, rows_of
 
 COLUMNS = {"Sequence", "Top", "Left", "Height", "Width", "ActionType", "Message", "Data1", "Data2"}
 NUMBERS = ("Dice Used", "Finish Condition", "Font Size", "Goal Type", "Loop Board", "Lower Age Range", "Max Slot Value",
@@ -15,7 +16,8 @@ NUMBERS = ("Dice Used", "Finish Condition", "Font Size", "Goal Type", "Loop Boar
 TEXTS = ("Author", "Category", "Description", "Game Name", "Font", "Character Category", "Music Genre",
          "Preferred Resolution", "Board Image", "Splash", "Help File")
 CLEANED_UP = {".jpg", ".bmp", ".gif"}  # other pictures would be left behind in the player's folder
-FORWARD, BACK, GO_TO, TO_START, PAY_EACH, COLLECT, ROLL_NUMBER = 1, 2, 3, 4, 7, 8, 12
+FORWARD, BACK, GO_TO, TO_START, GAIN, PAY_EACH, COLLECT, ROLL_DOUBLE, ROLL_NUMBER = 1, 2, 3, 4, 6, 7, 8, 11, 12
+END_OF_BOARD, DICE, REELS = "2", "0", "1"
 
 faults = []
 
@@ -51,6 +53,7 @@ def read_settings(folder):
             expect(re.fullmatch(r"\d+", value), f"{name} is no number: {value}")
     for name in ("Game Name", "Board Image", "Goal Type", "Turn Device"):
         expect(settings.get(name), f"{name} is missing")
+    expect(settings.get("Tries", "0") != "0", "a computer that answers wrong would wait without end")
     for name in ("Board Image", "Splash", "Help File"):
         if settings[name] != "DEFAULT":
             expect((folder / settings[name]).is_file(), f"{name} names {settings[name]}, which is not in the folder")
@@ -69,7 +72,7 @@ def check_files(folder, settings):
 
 
 def check_spaces(folder, settings):
-    rows = [row.attrib for row in ElementTree.parse(folder / "spaces.xml").iter("{#RowsetSchema}row")]
+    rows = rows_of(folder / "spaces.xml")
     count = len(rows)
     width, height = jpeg_size(folder / settings["Board Image"])
     rectangles = []
@@ -83,8 +86,12 @@ def check_spaces(folder, settings):
         for other, (l, t, r, b) in enumerate(rectangles, 1):
             expect(right <= l or left >= r or bottom <= t or top >= b, f"spaces {other} and {number} overlap")
         rectangles.append((left, top, right, bottom))
-    if settings["Goal Type"] == "2" and settings["Loop Board"] == "0":
+    if settings["Goal Type"] == END_OF_BOARD:
+        expect(settings["Loop Board"] == "0", "a race on a ring has no end")
         check_race(rows, count, 6 * int(settings["Dice Used"]))
+    else:
+        check_ring(rows, count, settings)
+    return rows
 
 
 def check_race(rows, count, highest_roll):
@@ -105,11 +112,34 @@ def check_race(rows, count, highest_roll):
             expect(2 <= amount <= highest_roll, f"space {number} asks for a number that no roll gives")
 
 
+def check_ring(rows, count, settings):
+    """A game for points or money must let everybody earn, and nobody lose before the first turn is over."""
+    devices = int(settings["Dice Used"])
+    expect(int(settings["Finish Condition"]) > 0, "everybody has won at once")
+    expect(any(int(row["ActionType"]) == GAIN for row in rows), "no space brings anything in")
+    expect(settings["Turn Device"] in (DICE, REELS), "nothing makes the pieces move")
+    highest = devices * (int(settings["Max Slot Value"]) if settings["Turn Device"] == REELS else 6)
+    if settings["Turn Device"] == REELS:
+        expect(1 <= devices <= 5, "only one to five reels can run")
+    expect(highest < count, "a single turn can go more than once round")
+    for number, row in enumerate(rows, 1):
+        action, amount = int(row["ActionType"]), float(row["Data1"])
+        if action == GO_TO:
+            expect(1 <= amount <= count and amount != number, f"space {number} leads nowhere")
+        if action in (FORWARD, BACK):
+            expect(amount == -1 or 1 <= amount < count, f"space {number} moves by {amount}")
+        if action in (PAY_EACH, COLLECT):
+            # Two turns bring everybody an income before anybody has to pay.
+            expect(number > 2 * highest + 1, f"space {number} can put players out of the game too early")
+        expect(action != ROLL_DOUBLE, f"space {number} binds another player than the one who stands on it")
+        expect(action != ROLL_NUMBER, f"space {number} binds a player for the rest of the game")
+
+
 def main():
     folder = pathlib.Path(sys.argv[1])
     settings = read_settings(folder)
     check_files(folder, settings)
-    check_spaces(folder, settings)
+    check_decks(folder, check_spaces(folder, settings), expect)
     for fault in faults:
         print(fault)
     sys.exit(1 if faults else 0)
