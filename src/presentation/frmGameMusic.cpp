@@ -22,7 +22,7 @@ void FrmGameMusic::PlayGameMusic(const std::string& genre, const std::string& fi
         m_files.GetOggFile(Genre, File);
         if (m_g.Player.Status() == "playing") m_g.Player.Stop();
         m_g.Player.SetLoop(LoopIt);
-        m_g.Player.Play(m_g.AppDir / (File + ".ogg"));
+        m_g.Player.Play(m_files.PathOf(File));
     });
 }
 

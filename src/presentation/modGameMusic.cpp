@@ -22,4 +22,10 @@ void modGameMusic::CleanUpOggFiles() {
     });
 }
 
+const std::filesystem::path& modGameMusic::PathOf(const std::string& FileName) {
+    const auto [sound, isNew] = m_paths.try_emplace(FileName);
+    if (isNew) sound->second = m_g.AppDir / (FileName + ".ogg");
+    return sound->second;
+}
+
 }  // namespace tabulon
