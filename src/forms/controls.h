@@ -1,11 +1,12 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
-#include <deque>
 #include <functional>
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "forms/picture.h"
@@ -261,10 +262,8 @@ class ControlArray {
     /// For controls that stand in several containers.
     template <class ContainerOf>
     requires std::is_invocable_r_v<Control*, ContainerOf, int> ControlArray(Form& form, std::string_view name,
-                                                                            ContainerOf containerOf) {
-        for (int i = 0; i < Count; ++i)
-            m_controls.emplace_back(form, std::string(name) + "(" + std::to_string(i) + ")", containerOf(i));
-    }
+                                                                            ContainerOf containerOf)
+        : m_controls(Make(form, name, containerOf, std::make_integer_sequence<int, Count>())) {}
 
     T& operator[](int index) {
         if (index < 0 || index >= Count) throw Failure(FailureNumber::SubscriptOutOfRange);
@@ -277,7 +276,14 @@ class ControlArray {
     static constexpr int UBound() { return Count - 1; }
 
   private:
-    std::deque<T> m_controls;
+    // Controls do not move, so each is made where it stays.
+    template <class ContainerOf, int... Index>
+    static std::array<T, Count> Make(Form& form, std::string_view name, ContainerOf containerOf,
+                                     std::integer_sequence<int, Index...>) {
+        return {{T(form, std::string(name) + "(" + std::to_string(Index) + ")", containerOf(Index))...}};
+    }
+
+    std::array<T, Count> m_controls;
 };
 
 }  // namespace tabulon
