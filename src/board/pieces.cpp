@@ -56,8 +56,7 @@ void Pieces::DrawPlayers() {
             if (position <= 0) continue;
             const auto space = game.Spaces.ItemBySequence(position);
             if (!space) continue;
-            int slot = 0;
-            for (int before = 0; before < i; ++before) slot += state.Position[before] == position;
+            const int slot = state.Position.Count(position, i);
             PlacePiece(i, *space, state.PlayersInSpace(position), slot, state.Name[i]);
         }
     });

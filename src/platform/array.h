@@ -24,6 +24,14 @@ class Array {
     T& operator[](Integer index) { return (*this)[index.Value()]; }
     const T& operator[](Integer index) const { return (*this)[index.Value()]; }
 
+    /// How many of the slots below `end` hold the value.
+    int Count(const T& value, int end) const {
+        int count = 0;
+        for (std::size_t i = 0; i < m_slots.size() && static_cast<int>(i) < end; ++i)
+            count += m_slots[i].value == value;
+        return count;
+    }
+
     /// -1 for an array without bounds.
     int UBound() const { return static_cast<int>(m_slots.size()) - 1; }
 

@@ -21,9 +21,7 @@ void PlayState::ReDimForLoadedGame() {
 }
 
 Integer PlayState::PlayersInSpace(Integer sequence) const {
-    int count = 0;
-    for (int i = 0; i <= Position.UBound(); ++i) count += Position[i] == sequence;
-    return count;
+    return Position.Count(sequence, Position.UBound() + 1);
 }
 
 }  // namespace tabulon
