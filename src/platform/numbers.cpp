@@ -25,11 +25,7 @@ std::string Formatted(Number value) {
 }  // namespace
 
 double RoundHalfEven(double value) {
-    const double below = std::floor(value);
-    const double rest = value - below;
-    if (rest < 0.5) return below;
-    if (rest > 0.5) return below + 1;
-    return std::fmod(below, 2) == 0 ? below : below + 1;
+    return std::nearbyint(value);  // in the rounding mode that every thread begins with
 }
 
 std::int32_t ToLong(double value) {
