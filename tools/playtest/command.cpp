@@ -6,6 +6,7 @@
 
 #include "playtest/arguments.h"
 #include "playtest/figures_output.h"
+#include "playtest/html_report.h"
 #include "playtest/script.h"
 #include "playtest/session.h"
 #include "playtest/unusable.h"
@@ -48,6 +49,7 @@ Statistics PlayWatched(const StatisticsSettings& settings, const Console& consol
 
 ExitStatus RunStatistics(const Arguments& arguments, const Console& console) {
     const Statistics statistics = PlayWatched(arguments.Statistics, console);
+    if (!arguments.Report.empty()) WriteHtmlReport(statistics, arguments.Report);
     if (arguments.Json) {
         PrintJson(statistics, console.Out);
     } else {

@@ -34,6 +34,18 @@ class Simulation::Seats final : public PlayUser {
     bool m_entered = false;
 };
 
+namespace {
+
+/// What an author can do something about.
+std::string InWords(const Stuck& stuck) {
+    if (stuck.Form == "dlgDrawCard")
+        return "a computer's card never closes; the game has no tries, or a right answer has no message "
+               "(dlgDrawCard)";
+    return stuck.Why + " (" + stuck.Form + ")";
+}
+
+}  // namespace
+
 Simulation::Simulation(const StatisticsSettings& settings)
     : m_settings(settings), m_random(settings.Seed), m_counting(&m_loading) {
     Start();
@@ -86,7 +98,7 @@ void Simulation::Play(std::int64_t game) {
         PlayTurns();
         CountEnd();
     } catch (const Stuck& stuck) {
-        m_figures.CountLoop(stuck.Form + ": " + stuck.Why, game);
+        m_figures.CountLoop(InWords(stuck), game);
         m_figures.CountGame(m_turns, false);
         // What was open when the game stopped cannot be closed in order.
         m_counting = nullptr;

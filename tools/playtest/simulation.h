@@ -12,7 +12,7 @@
 namespace tabulon::playtest {
 
 struct StatisticsSettings {
-    std::filesystem::path Package;
+    std::filesystem::path Package = {};
     std::int64_t Games = 1000;
     int Seats = 4;
     std::uint64_t Seed = 1;

@@ -1,0 +1,187 @@
+#include "playtest/html_charts.h"
+
+#include <algorithm>
+#include <cmath>
+#include <sstream>
+
+#include "playtest/figures_output.h"
+#include "playtest/html_text.h"
+
+namespace tabulon::playtest {
+
+namespace {
+
+constexpr int ChartWidth = 720;
+constexpr int BarHeight = 22;
+constexpr int BarLeft = 170;
+constexpr int LongestBar = 400;
+constexpr int HistogramHeight = 180;
+constexpr int HistogramLeft = 50;
+constexpr std::int64_t MostColumns = 50;
+
+/// A chart with its text alternative.
+std::string Svg(int width, int height, const std::string& name, const std::string& description,
+                const std::string& content) {
+    std::ostringstream svg;
+    svg << "<svg role=\"img\" viewBox=\"0 0 " << width << ' ' << height << "\" aria-label=\"" << Escaped(name)
+        << ". " << Escaped(description) << "\"><title>" << Escaped(name) << "</title><desc>"
+        << Escaped(description) << "</desc>" << content << "</svg>\n";
+    return svg.str();
+}
+
+std::string Text(double x, double y, const std::string& text, const std::string& anchor = "start") {
+    std::ostringstream svg;
+    svg << "<text x=\"" << x << "\" y=\"" << y << "\" text-anchor=\"" << anchor << "\">" << Escaped(text)
+        << "</text>";
+    return svg.str();
+}
+
+/// A rectangle that tells its meaning when it is pointed at.
+std::string Box(double x, double y, double width, double height, const std::string& style,
+                const std::string& meaning) {
+    std::ostringstream svg;
+    svg << "<rect x=\"" << x << "\" y=\"" << y << "\" width=\"" << width << "\" height=\"" << height << "\" "
+        << style << "><title>" << Escaped(meaning) << "</title></rect>";
+    return svg.str();
+}
+
+std::string Listed(const std::vector<Bar>& bars) {
+    std::string list;
+    for (const Bar& bar : bars)
+        list += (list.empty() ? "" : ", ") + bar.Label + " " + std::to_string(bar.Count);
+    return list;
+}
+
+struct Column {
+    std::int64_t First = 0;
+    std::int64_t Last = 0;
+    std::int64_t Games = 0;
+};
+
+/// Lengths in columns of equal width, no more than fit.
+std::vector<Column> Columns(const std::map<std::int64_t, std::int64_t>& lengths) {
+    std::vector<Column> columns;
+    if (lengths.empty()) return columns;
+    const std::int64_t first = lengths.begin()->first;
+    const std::int64_t width = (lengths.rbegin()->first - first) / MostColumns + 1;
+    for (const auto& [length, games] : lengths) {
+        const auto index = static_cast<std::size_t>((length - first) / width);
+        while (columns.size() <= index) {
+            const std::int64_t from = first + static_cast<std::int64_t>(columns.size()) * width;
+            columns.push_back({from, from + width - 1, 0});
+        }
+        columns[index].Games += games;
+    }
+    return columns;
+}
+
+std::string Range(const Column& column) {
+    if (column.First == column.Last) return std::to_string(column.First) + " turns";
+    return std::to_string(column.First) + " to " + std::to_string(column.Last) + " turns";
+}
+
+std::int64_t MostLandings(const Statistics& statistics) {
+    std::int64_t most = 1;
+    for (const GameFacts::Space& space : statistics.Game.Spaces)
+        most = std::max(most, statistics.Counted.Landings(space.Number));
+    return most;
+}
+
+std::string SpaceBox(const GameFacts::Space& space, std::int64_t landings, double heat) {
+    std::ostringstream style;
+    style << "fill=\"rgb(" << 255 - static_cast<int>(75 * heat) << ',' << 205 - static_cast<int>(190 * heat)
+          << ',' << 60 - static_cast<int>(40 * heat) << ")\" fill-opacity=\"" << 0.25 + 0.5 * heat
+          << "\" stroke=\"#5a1400\"";
+    const std::string meaning = "Space " + std::to_string(space.Number) + ": " + std::to_string(landings) +
+                                " landings" + (space.Message.empty() ? "" : ". " + space.Message);
+    std::ostringstream svg;
+    svg << Box(space.Left, space.Top, space.Width, space.Height, style.str(), meaning);
+    svg << "<g font-size=\"" << std::max(8.0, std::min(space.Height * 0.4, space.Width * 0.28)) << "\" "
+        << "class=\"heat\">"
+        << Text(space.Left + space.Width / 2.0, space.Top + space.Height * 0.62, std::to_string(landings),
+                "middle")
+        << "</g>";
+    return svg.str();
+}
+
+/// The board's picture, or the size that the spaces need.
+std::pair<int, int> BoardSize(const GameFacts& game) {
+    if (game.Board) return {game.Board->Width, game.Board->Height};
+    int width = 1, height = 1;
+    for (const GameFacts::Space& space : game.Spaces) {
+        width = std::max(width, space.Left + space.Width);
+        height = std::max(height, space.Top + space.Height);
+    }
+    return {width, height};
+}
+
+std::string Busiest(const Statistics& statistics) {
+    std::vector<Bar> spaces;
+    for (const GameFacts::Space& space : statistics.Game.Spaces)
+        spaces.push_back(
+            {"space " + std::to_string(space.Number), statistics.Counted.Landings(space.Number), {}});
+    std::ranges::stable_sort(spaces, std::greater<>(), &Bar::Count);
+    if (spaces.size() > 5) spaces.resize(5);
+    return "Most landings: " + Listed(spaces);
+}
+
+}  // namespace
+
+std::string BarChart(const std::string& name, const std::vector<Bar>& bars) {
+    std::int64_t most = 1;
+    for (const Bar& bar : bars) most = std::max(most, bar.Count);
+    std::string content;
+    int y = 0;
+    for (const Bar& bar : bars) {
+        const double length = LongestBar * static_cast<double>(bar.Count) / static_cast<double>(most);
+        const std::string count = std::to_string(bar.Count) + (bar.Note.empty() ? "" : "  " + bar.Note);
+        content += Text(BarLeft - 8, y + 15, bar.Label, "end");
+        content += Box(BarLeft, y + 2, length, BarHeight - 5, "class=\"bar\"", bar.Label + ": " + count);
+        content += Text(BarLeft + length + 6, y + 15, count);
+        y += BarHeight;
+    }
+    return Svg(ChartWidth, y, name, Listed(bars), content);
+}
+
+std::string LengthChart(const Figures& figures) {
+    const std::vector<Column> columns = Columns(figures.Lengths());
+    std::int64_t most = 1;
+    for (const Column& column : columns) most = std::max(most, column.Games);
+    const double width = static_cast<double>(ChartWidth - HistogramLeft) /
+                         static_cast<double>(std::max<std::size_t>(columns.size(), 1));
+    std::string content;
+    double x = HistogramLeft;
+    for (const Column& column : columns) {
+        const double height = HistogramHeight * static_cast<double>(column.Games) / static_cast<double>(most);
+        content += Box(x, HistogramHeight + 10 - height, std::max(width - 1, 1.0), height, "class=\"bar\"",
+                       Range(column) + ": " + std::to_string(column.Games) + " games");
+        x += width;
+    }
+    content += Text(HistogramLeft - 6, 18, std::to_string(most), "end");
+    content += Text(HistogramLeft - 6, HistogramHeight + 10, "0", "end");
+    if (!columns.empty()) {
+        content += Text(HistogramLeft, HistogramHeight + 28, Range(columns.front()));
+        content += Text(ChartWidth, HistogramHeight + 28, Range(columns.back()), "end");
+    }
+    return Svg(ChartWidth, HistogramHeight + 36, "How long games take",
+               "Half of the games take at most " + ShortNumber(figures.MedianLength()) + " turns", content);
+}
+
+std::string HeatMap(const Statistics& statistics) {
+    const GameFacts& game = statistics.Game;
+    const auto [width, height] = BoardSize(game);
+    std::ostringstream content;
+    const std::string address = game.Board ? DataAddress(*game.Board) : std::string();
+    if (!address.empty())
+        content << "<image href=\"" << address << "\" width=\"" << width << "\" height=\"" << height
+                << "\"/>";
+    const auto most = static_cast<double>(MostLandings(statistics));
+    for (const GameFacts::Space& space : game.Spaces) {
+        const std::int64_t landings = statistics.Counted.Landings(space.Number);
+        content << SpaceBox(space, landings, static_cast<double>(landings) / most);
+    }
+    return Svg(width, height, "The board with the landings on each space", Busiest(statistics),
+               content.str());
+}
+
+}  // namespace tabulon::playtest
