@@ -46,20 +46,25 @@ std::vector<std::string> KnownGames(modRegistry& registry) {
     return Lines(text);
 }
 
+/// Installing a game removes the settings files of all, so each one begins with a new look at what there is.
 void InstallNewGames(Program& program) {
     modRegistry& registry = program.globals.Registry;
     std::vector<std::string> known = KnownGames(registry);
     std::vector<std::string> names, keys;
-    program.packages.InstallableGames(known, names, keys);
-    for (std::size_t i = 0; i < keys.size(); ++i) {
-        if (!program.packages.InstallGame(keys[i])) continue;
-        std::cout << "installed " << names[i] << '\n';
-        known.push_back(keys[i]);
+    for (program.packages.InstallableGames(known, names, keys); !keys.empty();
+         program.packages.InstallableGames(known, names, keys)) {
+        const auto first = std::min_element(names.begin(), names.end());
+        const std::string key = keys[static_cast<std::size_t>(first - names.begin())];
+        program.packages.InstallGame(key);
+        std::cout << "installed " << *first << '\n';
+        known.push_back(key);
+        names.clear();
+        keys.clear();
     }
     program.packages.CleanupGameDir();
     std::string text;
     for (const std::string& key : known) text += key + "\n";
-    if (!keys.empty()) WriteText(registry, ShippedGames, text);
+    WriteText(registry, ShippedGames, text);
 }
 
 }  // namespace
