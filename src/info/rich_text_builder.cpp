@@ -66,7 +66,7 @@ TextRun RichTextBuilder::EmptyRun(const RichTextLook& look) const {
     TextRun run;
     if (const RichTextFont* font = FontOf(look); font && !font->Name.empty())
         run.Font.Name = ToUtf8(font->Name);
-    run.Font.Size = std::clamp((look.HalfPoints + 1) / 2, 1, LargestFont);
+    run.Font.Size = (std::clamp(look.HalfPoints, 1, 2 * LargestFont) + 1) / 2;
     run.Font.Bold = look.Bold;
     run.Italic = look.Italic;
     run.Underline = look.Underline;
