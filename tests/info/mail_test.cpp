@@ -146,8 +146,7 @@ TEST(SmtpMailPatienceTest, FailureWhileWaitingReachesTheCaller) {
 
 TEST(SmtpMailPatienceTest, WhatIsNoServerIsNeverReached) {
     SmtpMail mail({300, 1, 300});
-    for (const char* name :
-         {"", "mail.example.com/x", "user@host", "host:", "host:25:25", "a b"}) {
+    for (const char* name : {"", "mail.example.com/x", "user@host", "host:", "host:25:25", "a b"}) {
         EXPECT_FALSE(mail.IsDestinationReachable(name)) << name;
         EXPECT_FALSE(mail.Send(Letter(), name, nullptr)) << name;
     }
