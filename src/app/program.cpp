@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include "presentation/modRepositioner.h"
+#include "presentation/text_fitting.h"
 
 namespace tabulon {
 
@@ -24,7 +25,7 @@ Program::Program(const Machine& machine)
       m_dataDirectory(machine.DataDirectory),
       m_store(machine.Store) {
     globals.gErrHandler.ShowDetails = [this](const std::string& details) { dlgError.SetData(details); };
-    dlgError.GameDirectory = [this] { return frmMain.GameDirectory; };
+    dlgError.GameDirectory = [this] { return IsFormLoaded(globals, "frmMain") ? frmMain.GameDirectory : ""; };
     frmTabulonSplash.Abort = [this] { frmMain.Abort(); };
 }
 

@@ -44,9 +44,10 @@ int PlayInWindow(int argc, char** argv, const ApplicationInfo& application,
     SystemClock clock;
     ClockSeededRandom random;
     SilentOggPlayer player;
+    SmtpMail mail;
     try {
         Program program(
-            {screen, clock, random, shell, player, store, application, dataDirectory, UserLocale()});
+            {screen, clock, random, shell, player, store, application, dataDirectory, UserLocale(), &mail});
         program.Main();
         return screen.Run();
     } catch (const ProgramEnd&) {
