@@ -1,0 +1,145 @@
+#include "playtest/command.h"
+
+#include <gmock/gmock.h>
+
+#include "playtest/tiny_game.h"
+
+namespace tabulon::test {
+
+namespace {
+
+using testing::HasSubstr;
+using testing::TestWithParam;
+using testing::Values;
+
+struct Outcome {
+    int Status = -1;
+    std::string Out;
+    std::string Err;
+};
+
+Outcome RunTool(const std::vector<std::string>& arguments) {
+    std::ostringstream out, err;
+    const int status = playtest::Run(arguments, {out, err});
+    return {status, out.str(), err.str()};
+}
+
+struct ArgumentCase {
+    const char* Name;
+    std::vector<std::string> Arguments;
+    int Status;
+    std::string Err;
+};
+
+void PrintTo(const ArgumentCase& arguments, std::ostream* out) { *out << arguments.Name; }
+
+class Arguments : public TestWithParam<ArgumentCase> {};
+
+TEST_P(Arguments, EndWithTheirStatusAndSayWhy) {
+    const Outcome outcome = RunTool(GetParam().Arguments);
+    EXPECT_EQ(outcome.Status, GetParam().Status);
+    EXPECT_THAT(outcome.Err, HasSubstr(GetParam().Err));
+    EXPECT_EQ(outcome.Out.empty(), GetParam().Status != 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Given, Arguments,
+    Values(ArgumentCase{"Help", {"--help"}, 0, ""}, ArgumentCase{"Version", {"--version"}, 0, ""},
+           ArgumentCase{"None", {}, 2, "no package"},
+           ArgumentCase{"OnlyOptions", {"--json"}, 2, "no package"},
+           ArgumentCase{"HelpAndMore", {"--help", "a.gam"}, 2, "alone"},
+           ArgumentCase{"UnknownOption", {"a.gam", "--fast"}, 2, "--fast"},
+           ArgumentCase{"TwoPackages", {"a.gam", "b.gam"}, 2, "more than one"},
+           ArgumentCase{"MissingValue", {"a.gam", "--games"}, 2, "--games needs a value"},
+           ArgumentCase{"NoGames", {"a.gam", "--games", "0"}, 2, "--games"},
+           ArgumentCase{"NoNumber", {"a.gam", "--seed", "12x"}, 2, "12x"},
+           ArgumentCase{"NegativeNumber", {"a.gam", "--jobs", "-1"}, 2, "-1"},
+           ArgumentCase{"SevenSeats", {"a.gam", "--seats", "7"}, 2, "from 1 to 6"},
+           ArgumentCase{"NoTurns", {"a.gam", "--max-turns", "0"}, 2, "--max-turns"},
+           ArgumentCase{"ScriptWithoutFile", {"--script"}, 2, "--script"},
+           ArgumentCase{"ScriptWithOptions", {"--script", "a.json", "--json"}, 2, "--script"},
+           ArgumentCase{"MissingPackage", {"/nowhere/a.gam"}, 1, "/nowhere/a.gam: No such file"},
+           ArgumentCase{
+               "MissingScript", {"--script", "/nowhere/a.json"}, 1, "/nowhere/a.json: cannot be read"}),
+    CaseName());
+
+struct ScriptCase {
+    const char* Name;
+    std::string Text;
+    std::string Err;
+};
+
+void PrintTo(const ScriptCase& script, std::ostream* out) { *out << script.Name; }
+
+class BadScript : public TestWithParam<ScriptCase> {};
+
+TEST_P(BadScript, CannotBeUsedAndSaysWhyInOneLine) {
+    const TemporaryDirectory folder;
+    std::ofstream(folder / "script.json") << GetParam().Text;
+    const Outcome outcome = RunTool({"--script", (folder / "script.json").string()});
+    EXPECT_EQ(outcome.Status, 1);
+    EXPECT_EQ(outcome.Out, "");
+    EXPECT_THAT(outcome.Err, HasSubstr(GetParam().Err));
+    EXPECT_THAT(outcome.Err, HasSubstr(folder.Path().string()));
+    EXPECT_EQ(std::count(outcome.Err.begin(), outcome.Err.end(), '\n'), 1);
+}
+
+/// A script that would do but for its package, with one more line.
+std::string ScriptWith(const std::string& line) {
+    return R"({"package": "none.gam", "clock": "2026-01-05T14:30:00", "players": [], "random": [])" + line +
+           "}";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Given, BadScript,
+    Values(
+        ScriptCase{"NoJson", "roll\nthe dice", "parse error"}, ScriptCase{"Empty", "", "parse error"},
+        ScriptCase{"AList", "[]", "type"}, ScriptCase{"NoPackage", "{}", "package"},
+        ScriptCase{"MissingPackage", ScriptWith(""), "none.gam: No such file"},
+        ScriptCase{"UnknownControl", ScriptWith(R"(, "steps": [{"click": "cmdJump"}])"),
+                   "unknown control \"cmdJump\""},
+        ScriptCase{"UnknownStep", ScriptWith(R"(, "steps": [{"press": "R"}])"), "click"},
+        ScriptCase{"UnknownCardAnswer", ScriptWith(R"(, "steps": [{"click": "cmdRoll", "cards": ["E"]}])"),
+                   "unknown card answer"},
+        ScriptCase{"NumberBeyondOne",
+                   R"({"package": "none.gam", "clock": "2026-01-05T14:30:00", "players": [], "random": [1]})",
+                   "not in [0, 1)"},
+        ScriptCase{"NoTime", R"({"package": "none.gam", "clock": "noon", "players": []})", "noon"},
+        ScriptCase{
+            "UnknownPiece",
+            R"({"package": "none.gam", "clock": "2026-01-05T14:30:00", "players": [{"name": "Ann", "piece": "Cat"}]})",
+            "unknown piece"}),
+    CaseName());
+
+class BadPackage : public TestWithParam<std::string> {};
+
+TEST_P(BadPackage, CannotBePlayed) {
+    const TemporaryDirectory folder;
+    std::ofstream(folder / "game.gam", std::ios::binary) << GetParam();
+    const Outcome outcome = RunTool({(folder / "game.gam").string()});
+    EXPECT_EQ(outcome.Status, 1);
+    EXPECT_THAT(outcome.Err, HasSubstr("game.gam"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Given, BadPackage, Values("", "PK", std::string(1000, 'x')));
+
+TEST(TruncatedPackage, CannotBePlayed) {
+    const TemporaryDirectory folder;
+    const std::filesystem::path package = folder / TinyGame{}.WriteTo(folder);
+    std::filesystem::resize_file(package, std::filesystem::file_size(package) / 2);
+    EXPECT_EQ(RunTool({package.string()}).Status, 1);
+}
+
+TEST(Session, ThatCannotGoOnHasAStatusOfItsOwn) {
+    const TemporaryDirectory folder;
+    std::ofstream(folder / "script.json") << R"({"package": ")" << TinyGame{}.WriteTo(folder)
+                                          << R"(", "clock": "2026-01-05T14:30:00", "random": [],)"
+                                          << R"( "players": [{"name": "Ann", "piece": "(Animals) 1"}]})";
+    const Outcome outcome = RunTool({"--script", (folder / "script.json").string()});
+    EXPECT_EQ(outcome.Status, 3);
+    EXPECT_THAT(outcome.Out, HasSubstr(R"({"event":"stuck","form":"frmMain")"));
+}
+
+}  // namespace
+
+}  // namespace tabulon::test
