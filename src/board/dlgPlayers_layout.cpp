@@ -94,13 +94,13 @@ void DlgPlayers::RepositionElements() {
                               {&UpDown1, 590, ListTop, 18, PieceSize},
                               {&lblPlayingPiece, PiecesLeft, 360, 268, 28, 14, 11},
                               {&chkIsComputerPlayer, 16, 412, 22, 22},
-                              {&lblComputerPlayer, 44, 410, 240, 28, 12, 10},
+                              {&lblComputerPlayer, 44, 413, 240, 28, 12, 10},
                               {&cmdOk, 352, 424, 118, 46, 14, 12},
                               {&cmdCancel, 480, 424, 130, 46, 14, 12}});
         for (int i = 0; i < MaxSeats; ++i) {
             const int top = ListTop + i * RowHeight;
             PositionObjects(
-                m_g, {{&imgHolder[i], 16, top, 38, 38}, {&lblHolder[i], 62, top + 5, 238, 30, 14, 11}});
+                m_g, {{&imgHolder[i], 16, top, 38, 38}, {&lblHolder[i], 62, top + 7, 238, 24, 14, 11}});
         }
         for (int i = 0; i <= imgPlayingPiece.UBound(); ++i) {
             const int left = PiecesLeft + i % PiecesInRow * PieceStep;
