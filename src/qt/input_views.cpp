@@ -71,18 +71,6 @@ void TextEditView::SyncOwn() {
     m_edit.selectAll();
 }
 
-RichTextView::RichTextView(RichText& text, ViewHost& host, QWidget* parent)
-    : ViewOf(text, host, new QPlainTextEdit(parent)), m_edit(static_cast<QPlainTextEdit&>(Widget())) {
-    m_edit.setReadOnly(true);
-    m_edit.setTabChangesFocus(true);
-    m_edit.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-}
-
-void RichTextView::SyncOwn() {
-    if (m_font.Take(TheData().Font)) m_edit.setFont(ToQt(TheData().Font));
-    if (m_content.Take(TheData().Content)) m_edit.setPlainText(ToQt(TheData().Content));
-}
-
 void ComboBoxWidget::showPopup() {
     aboutToOpen();
     QComboBox::showPopup();

@@ -40,20 +40,6 @@ class TextEditView final : public ViewOf<TextBox> {
     Applied<Font> m_font;
 };
 
-/// A text of a file, to be read.
-class RichTextView final : public ViewOf<RichText> {
-  public:
-    RichTextView(RichText& text, ViewHost& host, QWidget* parent);
-
-  protected:
-    void SyncOwn() override;
-
-  private:
-    QPlainTextEdit& m_edit;
-    Applied<std::string> m_content;
-    Applied<Font> m_font;
-};
-
 class ComboBoxWidget final : public QComboBox {
   public:
     using QComboBox::QComboBox;

@@ -3,6 +3,7 @@
 #include "platform/failure.h"
 #include "qt/button_views.h"
 #include "qt/input_views.h"
+#include "qt/rich_text_view.h"
 #include "qt/static_views.h"
 
 namespace tabulon {

@@ -4,8 +4,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTextEdit>
 #include <cmath>
 
 #include "qt/look.h"
@@ -100,7 +100,7 @@ TEST_F(Showing, ShowsTextListsAndTicks) {
     EXPECT_EQ(Find<QComboBox>(form.cboGame).itemData(0, Qt::ToolTipRole), "A race around the farm");
     EXPECT_EQ(Find<QListWidget>(form.lstPlayers).currentRow(), 0);
     EXPECT_EQ(Find<QListWidget>(form.lstPlayers).item(0)->toolTip(), "<p>&lt;b&gt;first&lt;/b&gt;</p>");
-    EXPECT_EQ(Find<QPlainTextEdit>(form.rtfText).toPlainText(), "Once <i>upon</i>");
+    EXPECT_EQ(Find<QTextEdit>(form.rtfText).toPlainText(), "Once <i>upon</i>");
 }
 
 TEST_F(Showing, ChangesRowsWithoutCallingHandlers) {
