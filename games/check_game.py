@@ -16,7 +16,7 @@ NUMBERS = ("Dice Used", "Finish Condition", "Font Size", "Goal Type", "Loop Boar
 TEXTS = ("Author", "Category", "Description", "Game Name", "Font", "Character Category", "Music Genre",
          "Preferred Resolution", "Board Image", "Splash", "Help File")
 CLEANED_UP = {".jpg", ".bmp", ".gif"}  # other pictures would be left behind in the player's folder
-FORWARD, BACK, GO_TO, TO_START, GAIN, PAY_EACH, COLLECT, ROLL_DOUBLE, ROLL_NUMBER = 1, 2, 3, 4, 6, 7, 8, 11, 12
+FORWARD, BACK, GO_TO, TO_START, LOSE, GAIN, PAY_EACH, COLLECT, ROLL_DOUBLE, ROLL_NUMBER = 1, 2, 3, 4, 5, 6, 7, 8, 11, 12
 END_OF_BOARD, DICE, REELS = "2", "0", "1"
 
 faults = []
@@ -105,11 +105,20 @@ def check_race(rows, count, highest_roll):
             expect(number - amount >= 1, f"space {number} can carry a piece back to the end of the board")
         if action == GO_TO:
             expect(1 <= amount < count and amount != number, f"space {number} leads nowhere")
-        if action == PAY_EACH:
-            expect(amount <= 0, f"space {number} can put the player who pays out of the race")
-        expect(action != COLLECT, f"space {number} puts players without points out of the race")
         if action == ROLL_NUMBER:
             expect(2 <= amount <= highest_roll, f"space {number} asks for a number that no roll gives")
+    check_purses(rows, highest_roll)
+
+
+def check_purses(rows, highest_roll):
+    """Who cannot pay is out of the race: the first roll must bring everybody more than one way along the road costs."""
+    amounts = [(int(row["ActionType"]), float(row["Data1"])) for row in rows]
+    purse = min(amount if action == GAIN else 0 for action, amount in amounts[2 : 1 + highest_roll])
+    others = 5
+    prices = {LOSE: 1, PAY_EACH: others, COLLECT: others}
+    cost = sum(amount * prices[action] for action, amount in amounts if action in prices)
+    pays = any(action in (PAY_EACH, COLLECT) for action, _ in amounts)
+    expect(not pays or cost < purse, f"the road costs {cost:g}, but the first roll may bring {purse:g} only")
 
 
 def check_ring(rows, count, settings):

@@ -124,6 +124,8 @@ def draw_space(number, space, rects):
     light, dark = LOOKS[space["action"]]
     if space["action"] == "go-to" and int(space["data1"]) < number:
         light, dark = BAD
+    if number == count:
+        light, dark = GOOD
     turn = ""
     if space["action"] in TARGETS:
         x, y = middle(rects[number - 1])
@@ -147,7 +149,7 @@ def draw_space(number, space, rects):
     elif number == count:
         parts.append(
             f'<g transform="translate({left + width - 54} {top + 26}) scale(1.75)" stroke="{INK}" stroke-width="2" '
-            f'stroke-linejoin="round" stroke-linecap="round">{SIGNS[space["action"]]}'
+            f'stroke-linejoin="round" stroke-linecap="round">{SIGNS["collect-from-each"]}'
             '<path d="M14 11Q19 16 17 20Q14 23 11 20Q9 16 14 11Z" fill="#FFF6E3" stroke="none"/></g>'
         )
     elif space["action"] in SIGNS:
