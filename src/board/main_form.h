@@ -50,12 +50,13 @@ class MainForm : public Form {
     PictureButton cmdMinimizeWindow{*this, "cmdMinimizeWindow"};
     PictureButton cmdQuit{*this, "cmdQuit"};
     PictureButton cmdTabulon{*this, "cmdTabulon"};
+    // Before the twin of cmdSaveGame: both claim S while the slots are in play, and the first one gets it.
+    Button cmdFakeRoll{*this, "cmdFakeRoll"};
     Button cmdFakeNew{*this, "cmdFakeNew"};
     Button cmdFakeLoadGame{*this, "cmdFakeLoadGame"};
     Button cmdFakeSaveGame{*this, "cmdFakeSaveGame"};
     Button cmdFakeHelp{*this, "cmdFakeHelp"};
     Button cmdFakeQuit{*this, "cmdFakeQuit"};
-    Button cmdFakeRoll{*this, "cmdFakeRoll"};
 
     Image imgBoardStrip{*this, "imgBoardStrip"};
     Image imgStripEnd{*this, "imgStripEnd"};
