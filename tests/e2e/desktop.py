@@ -22,7 +22,7 @@ class Desktop:
     """Use as a context: a prefix in a temporary folder, a display, and the Player with its games installed."""
 
     def __init__(self, build):
-        self.build = pathlib.Path(build)
+        self.build = pathlib.Path(build).resolve()
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="tabulon-e2e-"))
         self.player = None
         self.helpers = []
@@ -67,13 +67,13 @@ class Desktop:
         self.player = subprocess.Popen([self.folder / "bin/tabulon-player"], cwd=self.folder)
 
     def wait_for(self, what, condition, seconds=60):
-        """The first true answer of the condition; fails when none comes in time, or the Player ends."""
+        """The first true answer of the condition; fails when none comes in time, or the Player ends unasked."""
         end = time.monotonic() + seconds
         while time.monotonic() < end:
             answer = condition()
             if answer:
                 return answer
-            if self.player.poll() is not None:
+            if self.has_ended():
                 raise AssertionError(f"the Player ended with {self.player.returncode} before {what}")
             time.sleep(POLL_SECONDS)
         raise AssertionError(f"no {what} within {seconds} seconds")
@@ -88,6 +88,7 @@ class Desktop:
 
     def applications(self):
         desktop = Atspi.get_desktop(0)
+        desktop.set_cache_mask(Atspi.Cache.NONE)  # a program that starts later would not be seen
         programs = [desktop.get_child_at_index(i) for i in range(desktop.get_child_count())]
         for program in programs:
             program.set_cache_mask(Atspi.Cache.NONE)  # what it was told of is never up to date
@@ -126,6 +127,10 @@ class Desktop:
     def texts(self, inside):
         return [n.get_name() for n in self.nodes("label", inside=inside)]
 
+    def content(self, node):
+        """The text inside a field."""
+        return Atspi.Text.get_text(node, 0, Atspi.Text.get_character_count(node))
+
     def click(self, node):
         place = Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
         x, y = place.x + place.width // 2, place.y + place.height // 2
@@ -141,6 +146,9 @@ class Desktop:
         folder = self.build / "screenshots"
         folder.mkdir(exist_ok=True)
         subprocess.run(["import", "-window", "root", str(folder / f"{pathlib.Path(sys.argv[0]).stem}-{name}.png")])
+
+    def has_ended(self):
+        return self.player.poll() is not None
 
     def wait_for_end(self, seconds=30):
         self.player.wait(seconds)

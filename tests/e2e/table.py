@@ -55,6 +55,13 @@ def open_message(desktop):
     return None
 
 
+def close_messages(desktop):
+    """Closes by key what waits for Ok, one after the other."""
+    while message := open_message(desktop):
+        desktop.key("Return")
+        desktop.wait_for("the message to close", lambda: open_message(desktop) != message)
+
+
 def turn_button(desktop):
     return desktop.button("Roll dice") or desktop.button("Spin slots") or desktop.button("Pass")
 
@@ -89,3 +96,22 @@ def take_turn(desktop, by_key):
         desktop.click(button)
     if name != "Pass":
         desktop.wait_for("the turn to begin", lambda: not desktop.enabled(button))
+
+
+def finish_turn(desktop, card=lambda desktop: None):
+    """Closes the messages of a turn that has begun, until the next turn can be taken or a card asks."""
+    while True:
+        desktop.wait_for("the end of the turn", lambda: open_message(desktop) or card(desktop) or turn_button(desktop),
+                         120)
+        if not open_message(desktop):
+            return
+        close_messages(desktop)
+
+
+def leave(desktop):
+    """Quits; a game that goes on is given up."""
+    desktop.click(desktop.wait_for("the quit button", lambda: desktop.button("Quit")))
+    desktop.wait_for("a question or the end", lambda: desktop.has_ended() or desktop.button("Yes"))
+    if not desktop.has_ended():
+        desktop.key("alt+y")
+    assert desktop.wait_for_end() == 0
