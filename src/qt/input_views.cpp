@@ -1,6 +1,7 @@
 #include "qt/input_views.h"
 
 #include <QAbstractItemView>
+#include <QMouseEvent>
 #include <QScrollBar>
 
 #include "qt/text.h"
@@ -77,7 +78,10 @@ void ComboBoxWidget::showPopup() {
 }
 
 ComboBoxView::ComboBoxView(ComboBox& box, ViewHost& host, QWidget* parent)
-    : ViewOf(box, host, new ComboBoxWidget(parent)), m_box(static_cast<ComboBoxWidget&>(Widget())) {
+    : ViewOf(box, host, new ComboBoxWidget(parent)),
+      m_box(static_cast<ComboBoxWidget&>(Widget())),
+      m_secondClick([this] { DeliverUse([] {}, TheData().DblClick); }) {
+    m_box.view()->viewport()->installEventFilter(this);
     m_box.setFocusPolicy(PolicyOf(box));
     m_box.aboutToOpen = [this] { DeliverUse([] {}, TheData().DropDown); };
     connect(&m_box, &QComboBox::activated, this, [this](int row) { TakeRow(row); });
@@ -88,7 +92,10 @@ ComboBoxView::ComboBoxView(ComboBox& box, ViewHost& host, QWidget* parent)
 
 /// A turn of the wheel over the closed list is no choice.
 bool ComboBoxView::eventFilter(QObject* watched, QEvent* event) {
-    return event->type() == QEvent::Wheel || ControlView::eventFilter(watched, event);
+    if (watched == &m_box) return event->type() == QEvent::Wheel || ControlView::eventFilter(watched, event);
+    if (event->type() == QEvent::MouseButtonRelease && TheData().DblClick)
+        m_secondClick.Await(static_cast<QMouseEvent*>(event)->globalPosition());
+    return false;
 }
 
 void ComboBoxView::TakeRow(int row) {

@@ -6,6 +6,7 @@
 #include <QPlainTextEdit>
 
 #include "qt/control_view.h"
+#include "qt/second_click.h"
 
 namespace tabulon {
 
@@ -61,6 +62,7 @@ class ComboBoxView final : public ViewOf<ComboBox> {
     void TakeTopRow(int row);
 
     ComboBoxWidget& m_box;
+    SecondClick m_secondClick;
     Applied<std::vector<ListRow>> m_rows;
     Applied<int> m_row;
     Applied<int> m_topRow;

@@ -44,6 +44,49 @@ TEST_F(Input, TypingKeepsTheCursorWhereItStands) {
     EXPECT_EQ(edit.cursorPosition(), 2);
 }
 
+class DoubleClick : public Input {
+  protected:
+    /// Opens the list, clicks its second row, and returns where on the screen that was.
+    QPoint ClickSecondRow() {
+        for (const char* row : {"Anna", "Bert"}) form.cboGame.AddItem(row);
+        form.cboGame.Click = [this] { order.push_back("Click"); };
+        form.cboGame.DblClick = [this] { order.push_back("DblClick"); };
+        form.cmdOk.Click = [this] { order.push_back("cmdOk"); };
+        Show(form);
+        auto& box = Find<QComboBox>(form.cboGame);
+        box.showPopup();
+        QWidget* rows = box.view()->viewport();
+        const QPoint place = box.view()->visualRect(box.model()->index(1, 0)).center();
+        QTest::mouseClick(rows, Qt::LeftButton, Qt::NoModifier, place);
+        return rows->mapToGlobal(place);
+    }
+    void ClickOn(QWidget& widget, QPoint place) {
+        QTest::mouseClick(&widget, Qt::LeftButton, Qt::NoModifier, widget.mapFromGlobal(place));
+        screen.PumpEvents();
+    }
+    std::vector<std::string> order;
+};
+
+TEST_F(DoubleClick, OnARowComesAfterItsClick) {
+    const QPoint place = ClickSecondRow();
+    ClickOn(*WindowOf(form), place);
+    EXPECT_THAT(order, ElementsAre("Click", "DblClick"));
+    EXPECT_EQ(form.cboGame.ListIndex, 1);
+}
+
+TEST_F(DoubleClick, IsNoneWhenTheSecondClickIsElsewhere) {
+    ClickSecondRow();
+    Click(form.cmdOk);
+    screen.PumpEvents();
+    EXPECT_THAT(order, ElementsAre("Click", "cmdOk"));
+}
+
+TEST_F(DoubleClick, IsOneAlone) {
+    const QPoint place = ClickSecondRow();
+    for (int i = 0; i < 2; ++i) ClickOn(*WindowOf(form), place);
+    EXPECT_THAT(order, ElementsAre("Click", "DblClick"));
+}
+
 TEST_F(Input, AHandlerMayCorrectWhatWasTyped) {
     form.txtName.Change = [this] { form.txtName.Text = "x"; };
     Show(form);
