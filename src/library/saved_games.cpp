@@ -96,16 +96,6 @@ void ReadPlayer(SavedGame& saved, PlayState& state, int player) {
     saved.Read(prefix + "Roll Number", state.RollNumber[player]);
 }
 
-template <class... Arrays>
-void ReDimAll(Integer upper, Arrays&... arrays) {
-    (arrays.ReDim(upper), ...);
-}
-
-void ReDimPlayers(PlayState& state) {
-    ReDimAll(state.PlayerCount, state.Name, state.IsComputer, state.Position, state.PieceName, state.Points,
-             state.Done, state.LoseTurns, state.ExtraTurns, state.RollDouble, state.RollNumber);
-}
-
 void SetToolTips(MainForm& form, int plate, const std::string& name, Integer goalType) {
     form.imgPlayingPiece[plate].ToolTipText = name;
     form.imgCharacter[plate].ToolTipText = name + "'s playing piece";
@@ -133,7 +123,7 @@ bool modSavedGames::LoadGame(const std::string& GameKey, Integer GoalType, const
     const auto loading = [&] {
         SavedGame saved(m_g.Registry, GameKey, SavedGameName);
         ReadGame(saved, state);
-        ReDimPlayers(state);
+        state.ReDimForLoadedGame();
         for (int player = 1; player <= state.PlayerCount.Value(); ++player) {
             ReadPlayer(saved, state, player);
             SetToolTips(form, player - 1, state.Name[player], GoalType);

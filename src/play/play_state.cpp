@@ -13,11 +13,16 @@ void PlayState::ReDimForNewGame() {
 }
 
 void PlayState::ReDimForLoadedGame() {
-    ReDimForNewGame();
     Name.ReDim(PlayerCount);
     IsComputer.ReDim(PlayerCount);
     Position.ReDim(PlayerCount);
     PieceName.ReDim(PlayerCount);
+    Points.ReDim(PlayerCount);
+    Done.ReDim(PlayerCount);
+    LoseTurns.ReDim(PlayerCount);
+    ExtraTurns.ReDim(PlayerCount);
+    RollDouble.ReDim(PlayerCount);
+    RollNumber.ReDim(PlayerCount);
 }
 
 Integer PlayState::PlayersInSpace(Integer sequence) const {
