@@ -6,6 +6,7 @@ packages=(
     cmake g++ ninja-build pkg-config
     libarchive-dev libpugixml-dev libsqlite3-dev libcurl4-openssl-dev nlohmann-json3-dev
     qt6-base-dev qt6-svg-dev libgl-dev
+    libsdl2-mixer-dev libvorbis-dev
     librsvg2-bin imagemagick python3
     fonts-comic-neue fonts-quicksand fonts-dejavu-core
 )

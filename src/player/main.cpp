@@ -11,6 +11,7 @@
 #include "qt/look.h"
 #include "qt/qt_screen.h"
 #include "qt/qt_shell.h"
+#include "sound/sdl_ogg_player.h"
 
 namespace {
 
@@ -43,7 +44,7 @@ int PlayInWindow(int argc, char** argv, const ApplicationInfo& application,
     shell.onRaise = [&screen] { screen.BringForward(); };
     SystemClock clock;
     ClockSeededRandom random;
-    SilentOggPlayer player;
+    SdlOggPlayer player;
     SmtpMail mail;
     try {
         Program program(
