@@ -1,6 +1,7 @@
 #include "app/frmMain.h"
 
 #include "content/required.h"
+#include "diagnostics/product_settings.h"
 #include "platform/modBrowser.h"
 #include "presentation/text_fitting.h"
 
@@ -197,7 +198,7 @@ void FrmMain::cmdTabulon_Click() {
         const std::string builder = ToText(
             m_g.Registry.RegistryGetKeyValue(HKEY_LOCAL_MACHINE, std::string(ProductKey), "BuilderPath"));
         if (builder.empty()) {
-            OpenInBrowser(m_g.Shell, m_g.gErrHandler, m_g.Application.WebSite + "/index.html");
+            OpenInBrowser(m_g.Shell, m_g.gErrHandler, ProductSetting(m_g, "WebSite", m_g.Application.WebSite) + "/index.html");
         } else {
             m_g.Shell.Start(std::filesystem::path(builder) / "Tabulon.exe");
         }

@@ -21,9 +21,10 @@ SCREEN = "1024x768x24"
 class Desktop:
     """Use as a context: a prefix in a temporary folder, a display, and the Player with its games installed."""
 
-    def __init__(self, build):
+    def __init__(self, build, prepare=lambda desktop: None):
         self.build = pathlib.Path(build).resolve()
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="tabulon-e2e-"))
+        self.prepare = prepare  # what to do with the installed games before the Player starts
         self.player = None
         self.helpers = []
 
@@ -40,6 +41,7 @@ class Desktop:
         os.environ.pop("QT_ACCESSIBILITY", None)
         self.helpers.append(subprocess.Popen(["openbox"], stderr=subprocess.DEVNULL))
         Atspi.init()
+        self.prepare(self)
         self.start()
         return self
 
@@ -57,11 +59,14 @@ class Desktop:
         for program in ("tabulon-player", "tabulon-setup"):
             shutil.copy2(self.build / "bin" / program, self.folder / "bin")
         (self.folder / "share").symlink_to(self.build / "share")
-        games = self.folder / "var/games/tabulon"
-        games.mkdir(parents=True)
+        self.games = self.folder / "var/games/tabulon"
+        self.games.mkdir(parents=True)
         for package in (self.build / "var/games/tabulon").glob("*.gam"):
-            shutil.copy2(package, games)
-        subprocess.run([self.folder / "bin/tabulon-setup"], check=True, stdout=subprocess.DEVNULL)
+            shutil.copy2(package, self.games)
+        self.set_up()
+
+    def set_up(self, *options):
+        subprocess.run([self.folder / "bin/tabulon-setup", *options], check=True, stdout=subprocess.DEVNULL)
 
     def start(self):
         self.player = subprocess.Popen([self.folder / "bin/tabulon-player"], cwd=self.folder)

@@ -1,5 +1,5 @@
-// Puts down what an installation writes: where the Player and its sounds lie, and the games that came with
-// it. A game that was uninstalled since then stays uninstalled.
+// Puts down what an installation writes: where the Player and its sounds lie, whom it turns to, and the games
+// that came with it. A game that was uninstalled since then stays uninstalled.
 #include <algorithm>
 #include <iostream>
 #include <string>
@@ -8,6 +8,7 @@
 #include "app/program.h"
 #include "headless/headless_screen.h"
 #include "headless/no_shell.h"
+#include "setup/options.h"
 #include "platform/directories.h"
 #include "platform/seeded_random.h"
 #include "platform/text.h"
@@ -67,9 +68,21 @@ void InstallNewGames(Program& program) {
     WriteText(registry, ShippedGames, text);
 }
 
+/// Folders, and what the command line gives.
+void WriteProduct(modRegistry& registry, const ApplicationInfo& application,
+                  const std::vector<ProductOption>& options) {
+    WriteText(registry, "PlayerPath", application.Executable.parent_path().string());
+    WriteText(registry, "MusicPath", (application.ShareDir / "music").string());
+    for (const ProductOption& option : options)
+        if (option.Given) WriteText(registry, option.Name, *option.Given);
+}
+
 }  // namespace
 
-int main() {
+int main(int argc, char** argv) {
+    std::vector<ProductOption> options = ProductOptions();
+    if (const int status = ReadCommandLine(argc, argv, options); status != 0)
+        return status == EndsWell ? 0 : status;
     const std::filesystem::path executable = ExecutablePath();
     const std::filesystem::path dataDirectory = DataDirectory(executable);
     std::error_code failure;
@@ -90,8 +103,7 @@ int main() {
     application.ShareDir = ShareDirectory(executable);
     Program program({screen, clock, random, shell, silence, store, application, dataDirectory});
     program.globals.AppDir = dataDirectory;
-    WriteText(program.globals.Registry, "PlayerPath", executable.parent_path().string());
-    WriteText(program.globals.Registry, "MusicPath", (application.ShareDir / "music").string());
+    WriteProduct(program.globals.Registry, application, options);
     InstallNewGames(program);
     return user.Troubled() ? 1 : 0;
 }
