@@ -2,14 +2,23 @@
 
 namespace tabulon {
 
+namespace {
+
+/// The arrays that have one shape in new and in resumed games.
+void ReDimEqualArrays(PlayState& state) {
+    state.Points.ReDim(state.PlayerCount);
+    state.Done.ReDim(state.PlayerCount);
+    state.LoseTurns.ReDim(state.PlayerCount);
+    state.ExtraTurns.ReDim(state.PlayerCount);
+    state.RollDouble.ReDim(state.PlayerCount);
+    state.RollNumber.ReDim(state.PlayerCount);
+}
+
+}  // namespace
+
 void PlayState::ReDimForNewGame() {
     Position.ReDim(PlayerCount - 1);
-    Points.ReDim(PlayerCount);
-    Done.ReDim(PlayerCount);
-    LoseTurns.ReDim(PlayerCount);
-    ExtraTurns.ReDim(PlayerCount);
-    RollDouble.ReDim(PlayerCount);
-    RollNumber.ReDim(PlayerCount);
+    ReDimEqualArrays(*this);
 }
 
 void PlayState::ReDimForLoadedGame() {
@@ -17,12 +26,7 @@ void PlayState::ReDimForLoadedGame() {
     IsComputer.ReDim(PlayerCount);
     Position.ReDim(PlayerCount);
     PieceName.ReDim(PlayerCount);
-    Points.ReDim(PlayerCount);
-    Done.ReDim(PlayerCount);
-    LoseTurns.ReDim(PlayerCount);
-    ExtraTurns.ReDim(PlayerCount);
-    RollDouble.ReDim(PlayerCount);
-    RollNumber.ReDim(PlayerCount);
+    ReDimEqualArrays(*this);
 }
 
 Integer PlayState::PlayersInSpace(Integer sequence) const {
