@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "forms/controls.h"
-#include "info/code_pages.h"
+#include "platform/code_pages.h"
 
 namespace tabulon {
 

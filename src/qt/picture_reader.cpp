@@ -18,9 +18,9 @@ bool IsKnownFormat(const QByteArray& format) {
     return format == "bmp" || format == "gif" || format == "jpeg" || format == "jpg" || format == "png";
 }
 
-bool IsWithinLimits(QSize size) {
+bool IsWithinLimits(QSize size, qint64 pixels) {
     return !size.isEmpty() && size.width() <= PictureLimits::Side && size.height() <= PictureLimits::Side &&
-           qint64{size.width()} * size.height() <= PictureLimits::Pixels;
+           qint64{size.width()} * size.height() <= pixels;
 }
 
 std::string ReadBytes(const std::filesystem::path& path) {
@@ -43,13 +43,13 @@ std::shared_ptr<const FilePicture> ReadPictureFile(const std::filesystem::path& 
     return picture;
 }
 
-QImage DecodePicture(const std::string& bytes) {
+QImage DecodePicture(const std::string& bytes, qint64 pixels) {
     QByteArray view = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
     QBuffer buffer(&view);
     QImageReader reader(&buffer);
     reader.setDecideFormatFromContent(true);
     QImageReader::setAllocationLimit(AllocationMegabytes);
-    if (!IsKnownFormat(reader.format()) || !IsWithinLimits(reader.size())) return {};
+    if (!IsKnownFormat(reader.format()) || !IsWithinLimits(reader.size(), pixels)) return {};
     return reader.read();
 }
 

@@ -1,4 +1,4 @@
-#include "info/code_pages.h"
+#include "platform/code_pages.h"
 
 #include <array>
 #include <cerrno>
@@ -13,9 +13,10 @@ constexpr char Replacement[] = "\xEF\xBF\xBD";
 
 iconv_t NoConversion() { return reinterpret_cast<iconv_t>(-1); }
 
-iconv_t Opened(int page) {
-    const std::string name = page == CodePages::Macintosh ? "MACINTOSH" : "CP" + std::to_string(page);
-    const iconv_t opened = iconv_open("UTF-8", name.c_str());
+// A name that comes with a document must not carry switches of iconv's, which stand behind a slash.
+iconv_t Opened(const std::string& charset) {
+    const bool plain = charset.find('/') == charset.npos;
+    const iconv_t opened = plain ? iconv_open("UTF-8", charset.c_str()) : NoConversion();
     return opened != NoConversion() ? opened : iconv_open("UTF-8", "CP1252");
 }
 
@@ -23,7 +24,7 @@ iconv_t Opened(int page) {
 
 class CodePages::Converter {
   public:
-    explicit Converter(int page) : m_conversion(Opened(page)) {
+    explicit Converter(const std::string& charset) : m_conversion(Opened(charset)) {
         if (m_conversion == NoConversion()) throw std::bad_alloc();
     }
     ~Converter() { iconv_close(m_conversion); }
@@ -57,13 +58,15 @@ class CodePages::Converter {
 
 void CodePages::Deleter::operator()(Converter* converter) const { delete converter; }
 
-CodePages::Converter& CodePages::ConverterOf(int page) {
-    auto& converter = m_converters[page];
-    if (!converter) converter.reset(new Converter(page));
-    return *converter;
+std::string CodePages::ToUtf8(std::string_view bytes, const std::string& charset) {
+    auto& converter = m_converters[charset];
+    if (!converter) converter.reset(new Converter(charset));
+    return converter->Convert(bytes);
 }
 
-std::string CodePages::ToUtf8(std::string_view bytes, int page) { return ConverterOf(page).Convert(bytes); }
+std::string CodePages::ToUtf8(std::string_view bytes, int page) {
+    return ToUtf8(bytes, page == Macintosh ? "MACINTOSH" : "CP" + std::to_string(page));
+}
 
 std::string Utf8Of(char32_t character) {
     const auto tail = [character](int shift) {

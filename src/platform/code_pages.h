@@ -16,6 +16,8 @@ class CodePages {
     /// Bytes that mean nothing in the page become replacement characters; a page that is not known is taken
     /// as the western one.
     std::string ToUtf8(std::string_view bytes, int page);
+    /// The same for a character set by its name, such as "windows-1251".
+    std::string ToUtf8(std::string_view bytes, const std::string& charset);
 
   private:
     class Converter;
@@ -23,9 +25,7 @@ class CodePages {
         void operator()(Converter* converter) const;
     };
 
-    Converter& ConverterOf(int page);
-
-    std::map<int, std::unique_ptr<Converter, Deleter>> m_converters;
+    std::map<std::string, std::unique_ptr<Converter, Deleter>> m_converters;
 };
 
 /// A character as UTF-8; the replacement character for what is none.

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace tabulon {
+
+/// How the process that unpacks ends; any other end means that the file is damaged.
+enum class UnpackingEnd : int { Done = 0, Damaged = 2, TooLarge = 3, NotThere = 4 };
+
+/// Bounds the process, unpacks the file and writes it to the standard output as a stream. All that is left to
+/// do is to end.
+UnpackingEnd UnpackToOutput(const std::filesystem::path& file);
+
+/// What the reader of the file is told when it cannot be shown.
+std::string MessageFor(UnpackingEnd end, const std::filesystem::path& file);
+
+}  // namespace tabulon
