@@ -8,6 +8,7 @@ packages=(
     qt6-base-dev qt6-svg-dev libgl-dev
     libsdl2-mixer-dev libvorbis-dev
     librsvg2-bin imagemagick python3
+    libchm-dev libxml2-dev fp-utils-3.2.2
     fonts-comic-neue fonts-quicksand fonts-dejavu-core
 )
 if [ "${1:-}" = "--test" ]; then

@@ -24,6 +24,7 @@ using Archive = std::unique_ptr<chmFile, Closer>;
 /// What a walk through the archive has found. No exception may pass through the library.
 struct Unpacked {
     HelpFiles Files;
+    std::size_t Entries = 0;
     std::exception_ptr Trouble;
 };
 
@@ -33,19 +34,20 @@ std::string BytesOf(chmFile* archive, chmUnitInfo& entry) {
     const LONGINT64 read =
         chm_retrieve_object(archive, &entry, reinterpret_cast<unsigned char*>(bytes.data()), 0,
                             static_cast<LONGINT64>(bytes.size()));
-    bytes.resize(read < 0 ? 0 : std::min(static_cast<std::size_t>(read), bytes.size()));
+    if (read != static_cast<LONGINT64>(bytes.size())) throw Failure(FailureNumber::FileIoError);
     return bytes;
 }
 
 void Take(chmFile* archive, chmUnitInfo& entry, HelpFiles& files) {
     entry.path[CHM_MAX_PATHLEN] = '\0';
-    std::string bytes = BytesOf(archive, entry);
-    if (entry.length == 0 || !bytes.empty()) files.Add(entry.path, std::move(bytes));
+    if (!files.Find(entry.path)) files.Add(entry.path, BytesOf(archive, entry));
 }
 
 int TakeEntry(chmFile* archive, chmUnitInfo* entry, void* context) {
     auto& unpacked = *static_cast<Unpacked*>(context);
     try {
+        // The directory of a hostile file may be a ring.
+        if (++unpacked.Entries > help_limits::Files) throw Failure(FailureNumber::InternalError);
         Take(archive, *entry, unpacked.Files);
         return CHM_ENUMERATOR_CONTINUE;
     } catch (...) {
@@ -84,11 +86,11 @@ HelpFiles UnpackCompiledHelp(const std::filesystem::path& file) {
     return std::move(unpacked.Files);
 }
 
-void BoundUnpackingProcess() {
+void BoundUnpackingProcess(unsigned seconds) {
 #ifndef __SANITIZE_ADDRESS__  // whose shadow needs an address space without bounds
     Bound(RLIMIT_AS, help_limits::UnpackingMemory);
 #endif
-    Bound(RLIMIT_CPU, help_limits::UnpackingSeconds);
+    Bound(RLIMIT_CPU, seconds);
     Bound(RLIMIT_FSIZE, 0);
     Bound(RLIMIT_CORE, 0);
 }

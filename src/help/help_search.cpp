@@ -17,6 +17,7 @@ constexpr int TitleScore = 100;
 constexpr int LongestCount = 50;
 constexpr std::size_t ExcerptBefore = 40;
 constexpr std::size_t ExcerptLength = 140;
+constexpr std::u32string_view Blanks = U" \n";
 const std::string Ellipsis = "\u2026";
 constexpr std::size_t LongestQuery = 400;
 
@@ -128,12 +129,14 @@ int HelpSearch::Score(const Page& page, const std::vector<std::u32string>& words
 }
 
 std::string HelpSearch::Excerpt(const Page& page, const std::u32string& word) {
+    const std::u32string_view text = page.Text;
     const std::size_t found = FindWord(page.SmallText, word, 0);
-    std::size_t begin = found == page.SmallText.npos || found < ExcerptBefore ? 0 : found - ExcerptBefore;
-    while (begin > 0 && begin < page.Text.size() && IsLetter(page.Text[begin - 1])) --begin;
-    std::u32string_view excerpt = std::u32string_view(page.Text).substr(begin, ExcerptLength);
-    const bool cut = begin + excerpt.size() < page.Text.size();
-    if (cut) excerpt = excerpt.substr(0, excerpt.find_last_of(U" \n"));
+    const std::size_t before = found == text.npos || found < ExcerptBefore ? 0 : found - ExcerptBefore;
+    const std::size_t begin = before == 0 ? 0 : text.find_first_of(Blanks, before) + 1;
+    std::u32string_view excerpt = text.substr(std::min(begin, text.size()), ExcerptLength);
+    const bool cut = begin + excerpt.size() < text.size();
+    if (cut) excerpt = excerpt.substr(0, excerpt.find_last_of(Blanks));
+    excerpt = excerpt.substr(0, excerpt.find_last_not_of(Blanks) + 1);
     return (begin > 0 ? Ellipsis : "") + Encoded(excerpt) + (cut ? Ellipsis : "");
 }
 

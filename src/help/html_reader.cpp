@@ -12,6 +12,7 @@ namespace tabulon {
 
 namespace {
 
+constexpr std::string_view Root = "<html>";
 constexpr std::size_t Portion = 1U << 16;
 
 /// No exception may pass through the parser.
@@ -85,6 +86,8 @@ void ReadHtml(std::string_view html, HtmlVisitor& visitor) {
     walk.Parser = parser.get();
     htmlCtxtUseOptions(parser.get(), HTML_PARSE_IGNORE_ENC | HTML_PARSE_NOERROR | HTML_PARSE_NOWARNING |
                                          HTML_PARSE_NONET | HTML_PARSE_COMPACT);
+    // An end without a beginning would close the document, were nothing open yet.
+    htmlParseChunk(parser.get(), Root.data(), static_cast<int>(Root.size()), 0);
     for (; !html.empty() && !walk.Trouble; html.remove_prefix(std::min(Portion, html.size())))
         htmlParseChunk(parser.get(), html.data(), static_cast<int>(std::min(Portion, html.size())), 0);
     if (!walk.Trouble) htmlParseChunk(parser.get(), nullptr, 0, 1);

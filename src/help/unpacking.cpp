@@ -33,8 +33,8 @@ UnpackingEnd EndOf(const Failure& failure) {
 
 }  // namespace
 
-UnpackingEnd UnpackToOutput(const std::filesystem::path& file) {
-    BoundUnpackingProcess();
+UnpackingEnd UnpackToOutput(const std::filesystem::path& file, unsigned seconds) {
+    BoundUnpackingProcess(seconds);
     try {
         return WriteOut(ToStream(UnpackCompiledHelp(file))) ? UnpackingEnd::Done : UnpackingEnd::Damaged;
     } catch (const Failure& failure) {

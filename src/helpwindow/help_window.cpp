@@ -59,7 +59,6 @@ HelpWindow::HelpWindow(HelpBook book, const std::filesystem::path& pictures)
         statusBar()->showMessage(url.scheme() == "help" ? QString() : url.toString());
     });
     Place();
-    Follow(ToQt(m_book.Home()));
 }
 
 void HelpWindow::BuildPanes() {
@@ -151,6 +150,12 @@ void HelpWindow::Place() {
 void HelpWindow::resizeEvent(QResizeEvent* event) {
     m_bar->setToolButtonStyle(width() < NarrowWidth ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextBesideIcon);
     QMainWindow::resizeEvent(event);
+}
+
+// Pictures are fitted to the page, which has its size by now.
+void HelpWindow::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    if (m_page->source().isEmpty()) Follow(ToQt(m_book.Home()));
 }
 
 void HelpWindow::Follow(const QString& link) {

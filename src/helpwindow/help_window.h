@@ -34,6 +34,7 @@ class HelpWindow final : public QMainWindow {
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
   private:
     void BuildPanes();

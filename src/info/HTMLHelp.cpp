@@ -19,7 +19,13 @@ void HTMLHelp::Open() {
         return;
     }
     if (!EnsureFileExists(CHMFile)) return;
-    m_g.Shell.Start(m_g.Application.Executable.parent_path() / "tabulon-help", {Find(CHMFile).string()});
+    const std::filesystem::path viewer = m_g.Application.Executable.parent_path() / "tabulon-help";
+    if (!FileExists(viewer)) {
+        ShowMessage("The help viewer is not installed.\r\nPlease install the " + m_g.Application.ProductName +
+                    " again.");
+        return;
+    }
+    m_g.Shell.Start(viewer, {Find(CHMFile).string()});
 }
 
 bool HTMLHelp::EnsureFileExists(const std::string& File) {

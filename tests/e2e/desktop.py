@@ -56,7 +56,7 @@ class Desktop:
 
     def make_prefix(self):
         (self.folder / "bin").mkdir()
-        for program in ("tabulon-player", "tabulon-setup"):
+        for program in ("tabulon-player", "tabulon-setup", "tabulon-help"):
             shutil.copy2(self.build / "bin" / program, self.folder / "bin")
         (self.folder / "share").symlink_to(self.build / "share")
         self.games = self.folder / "var/games/tabulon"

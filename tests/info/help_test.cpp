@@ -112,7 +112,7 @@ TEST_F(HelpTest, EmptyHelpFileDisablesTheButtonAndItsKey) {
 TEST_F(HelpTest, CompiledHelpOpensInTheViewerProgram) {
     PackHelp("Rules.CHM", "ITSF");
     Open([&] { dlgHelp.cmdHelp[0].Click(); });
-    EXPECT_THAT(run.machine.Shell.Started, ElementsAre("/opt/tabulon/bin/tabulon-help"));
+    EXPECT_THAT(run.machine.Shell.Started, ElementsAre(run.Viewer()));
     EXPECT_THAT(run.machine.Shell.Arguments,
                 ElementsAre(ElementsAre((run.AppDir() / "{A-1}/Rules.CHM").string())));
     EXPECT_TRUE(run.HasFile("{A-1}/Rules.CHM"));
@@ -215,6 +215,30 @@ TEST_F(HelpTest, KeysOfTheViewerCloseIt) {
         dlgRTF.ShowGameHelp(game, ok);
         EXPECT_TRUE(ok);
     }
+}
+
+TEST(HtmlHelpTest, AViewerThatIsNotThereIsTold) {
+    InfoRun run;
+    WriteFile(run.Share() / "TabPlayer.chm", "ITSF");
+    std::filesystem::remove(run.Viewer());
+    HTMLHelp help(run.g);
+    help.CHMFile = "TabPlayer.chm";
+    help.HHDisplayIndex();
+    ASSERT_EQ(run.machine.User.Boxes.size(), 1u);
+    EXPECT_EQ(run.machine.User.Boxes[0].Title, "HTML Help Class");
+    EXPECT_THAT(run.machine.User.Boxes[0].Text, testing::HasSubstr("viewer is not installed"));
+    EXPECT_THAT(run.machine.Shell.Started, IsEmpty());
+}
+
+TEST(HtmlHelpTest, ABareNameMeansAFileOfTheProgram) {
+    InfoRun run;
+    WriteFile(run.Share() / "TabPlayer.chm", "ITSF");
+    HTMLHelp help(run.g);
+    help.CHMFile = "tabplayer.CHM";
+    help.HHDisplayIndex();
+    EXPECT_THAT(run.machine.Shell.Arguments,
+                ElementsAre(ElementsAre((run.Share() / "TabPlayer.chm").string())));
+    EXPECT_THAT(run.machine.User.Boxes, IsEmpty());
 }
 
 TEST(HtmlHelpTest, OnlyCompiledHelpIsOpened) {

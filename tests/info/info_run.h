@@ -14,6 +14,8 @@ class InfoRun {
   public:
     InfoRun() {
         std::filesystem::create_directory(Share());
+        std::filesystem::create_directory(Viewer().parent_path());
+        WriteFile(Viewer(), "");
         g.AppDir = AppDir();
         g.SmallFonts = true;
         g.gErrHandler.ShowDetails = [](const std::string&) {};
@@ -23,6 +25,8 @@ class InfoRun {
     }
 
     std::filesystem::path Share() const { return machine.Folder / "share"; }
+    /// The program that shows compiled help.
+    std::filesystem::path Viewer() const { return machine.Folder / "bin/tabulon-help"; }
     std::filesystem::path AppDir() const { return machine.AppDir(); }
     bool HasFile(const std::filesystem::path& name) const { return FileExists(AppDir() / name); }
 
@@ -50,7 +54,7 @@ class InfoRun {
     ApplicationInfo Application() const {
         ApplicationInfo application;
         application.ShareDir = Share();
-        application.Executable = "/opt/tabulon/bin/tabulon-player";
+        application.Executable = Viewer().parent_path() / "tabulon-player";
         application.WebSite = "https://makers.example";
         application.MailServer = "mail.example";
         application.SupportAddress = "support@makers.example";
