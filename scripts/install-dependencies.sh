@@ -7,7 +7,7 @@ packages=(
     libarchive-dev libpugixml-dev libsqlite3-dev libcurl4-openssl-dev nlohmann-json3-dev
     qt6-base-dev qt6-svg-dev libgl-dev
     libsdl2-mixer-dev libvorbis-dev
-    librsvg2-bin imagemagick python3
+    librsvg2-bin imagemagick python3 python3-numpy vorbis-tools
     libchm-dev libxml2-dev fp-utils-3.2.2
     fonts-comic-neue fonts-quicksand fonts-dejavu-core
 )

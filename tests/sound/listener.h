@@ -85,11 +85,12 @@ class Listener {
     void WaitUntil(const std::function<bool()>& condition) const {
         while (!condition()) std::this_thread::yield();
     }
-    /// Until the device was given several more buffers.
-    void WaitForMore() const {
-        const std::uintmax_t wanted = Written() + 16 * BufferSamples;
-        WaitUntil([&] { return Written() >= wanted; });
+    /// Until the device was given so much since it opened.
+    void WaitFor(std::size_t samples) const {
+        WaitUntil([&] { return Written() >= samples * 2; });
     }
+    void WaitForMore() const { WaitFor(Written() / 2 + 8 * BufferSamples); }
+    bool HasOpened() const { return std::filesystem::exists(m_file); }
 
   private:
     static void Set(const char* name, const char* value) { setenv(name, value, 1); }

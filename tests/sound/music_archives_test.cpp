@@ -1,0 +1,119 @@
+#include <algorithm>
+#include <cmath>
+#include <gtest/gtest.h>
+
+#include "packages/archive.h"
+#include "sound/loudness.h"
+#include "sound/ogg_check.h"
+
+namespace tabulon {
+namespace {
+
+using test::Samples;
+
+constexpr const char* Folder = TABULON_BUILD_DIR "/share/tabulon/music";
+constexpr const char* Genres[] = {"jazz", "kids", "orchestral", "rock", "techno", "latin"};
+constexpr double Rate = 44100;
+constexpr double MeantLoudness = -18;
+
+struct Event {
+    const char* Name;
+    bool Loops;
+    double Shortest, Longest;  // seconds
+};
+constexpr Event Events[] = {
+    {"new_load_game", true, 15, 40}, {"player_icon", true, 15, 40},   {"begin_game", true, 15, 40},
+    {"draw_card", true, 15, 40},     {"right_answer", false, 0.8, 2}, {"wrong_answer", false, 0.8, 2},
+    {"good_roll", false, 0.8, 2.5},  {"bad_roll", false, 0.8, 2.5},   {"good_move", false, 0.8, 2.5},
+    {"bad_move", false, 0.8, 2.5},   {"good_point", false, 0.8, 2.5}, {"bad_point", false, 0.8, 2.5},
+    {"lose_turn", false, 0.8, 2.5},  {"extra_turn", false, 0.8, 2.5}, {"won_game", false, 4, 12},
+};
+
+int Jump(const Samples& samples, std::size_t at) {
+    const std::size_t size = samples.size();
+    return std::abs(samples[at % size] - samples[(at + size - 2) % size]);
+}
+
+/// Whether the end goes over into the beginning without a click: no step that the millisecond around it does
+/// not have too.
+bool IsSeamless(const Samples& samples) {
+    constexpr std::size_t around = 2 * 44;
+    constexpr int inaudible = 150;
+    int usual = inaudible;
+    for (std::size_t back = 2; back <= around; ++back)
+        usual = std::max({usual, Jump(samples, samples.size() - back), Jump(samples, back)});
+    return Jump(samples, 0) <= 3 * usual / 2 && Jump(samples, 1) <= 3 * usual / 2;
+}
+
+double Power(Samples::const_iterator from, Samples::const_iterator to) {
+    double sum = 0;
+    for (auto at = from; at != to; ++at) sum += static_cast<double>(*at) * *at;
+    return sum / static_cast<double>(to - from);
+}
+
+/// Whether the music goes on up to its very end.
+bool SoundsToTheEnd(const Samples& samples) {
+    constexpr std::ptrdiff_t end = 2 * 44100 / 5;
+    constexpr double faint = 1e-3;
+    return Power(samples.end() - end, samples.end()) > faint * Power(samples.begin(), samples.end());
+}
+
+class MusicArchive : public testing::TestWithParam<const char*> {
+  protected:
+    std::filesystem::path File() const { return std::filesystem::path(Folder) / (GetParam() + std::string(".snd")); }
+};
+
+TEST_P(MusicArchive, HasEachEventAsItShouldSound) {
+    Archive archive(File());
+    EXPECT_EQ(archive.Names().size(), std::size(Events));
+    for (const Event& event : Events) {
+        const auto entry = archive.FindFirst(std::string(event.Name) + ".ogg");
+        ASSERT_TRUE(entry) << event.Name;
+        const std::string ogg = archive.Read(*entry);
+        EXPECT_TRUE(IsPlayable(ogg)) << event.Name;
+        const Samples samples = test::Decode(ogg);
+        const double seconds = static_cast<double>(samples.size()) / 2 / Rate;
+        EXPECT_GE(seconds, event.Shortest) << event.Name;
+        EXPECT_LT(seconds, event.Longest) << event.Name;
+        EXPECT_NEAR(test::Loudness(samples), MeantLoudness, 1) << event.Name;
+        EXPECT_LT(*std::ranges::max_element(samples), INT16_MAX) << event.Name;
+        EXPECT_GT(*std::ranges::min_element(samples), INT16_MIN) << event.Name;
+        if (!event.Loops) continue;
+        EXPECT_TRUE(IsSeamless(samples)) << event.Name;
+        EXPECT_TRUE(SoundsToTheEnd(samples)) << event.Name;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Genres, MusicArchive, testing::ValuesIn(Genres),
+                         [](const auto& row) { return std::string(row.param); });
+
+TEST(MusicArchives, AreSmallTogether) {
+    constexpr std::uintmax_t most = 12'000'000;
+    std::uintmax_t size = 0;
+    for (const auto& file : std::filesystem::directory_iterator(Folder)) size += file.file_size();
+    EXPECT_LT(size, most);
+}
+
+/// A full tone of 997 Hz on one side has 3.01 LU below full scale; on both sides twice the power.
+TEST(Loudness, IsThatOfTheStandard) {
+    Samples tone(2 * 44100 * 3);
+    for (std::size_t i = 0; i < tone.size(); ++i)
+        tone[i] = static_cast<std::int16_t>(32767 * std::sin(2 * 3.14159265358979 * 997 * static_cast<double>(i / 2) / Rate));
+    EXPECT_NEAR(test::Loudness(tone), 0.0, 0.05);
+    for (std::size_t i = 0; i < tone.size(); i += 2) tone[i] = 0;
+    EXPECT_NEAR(test::Loudness(tone), -3.01, 0.05);
+}
+
+TEST(Seam, IsHeardWhereTheWaveBreaks) {
+    Samples wave;
+    for (int i = 0; i < 44100; ++i)
+        wave.insert(wave.end(), 2, static_cast<std::int16_t>(8000 * std::sin(2 * 3.14159265358979 * 100.5 * i / Rate)));
+    EXPECT_TRUE(IsSeamless(wave)) << "half a turn too long, and as steep on both sides";
+    std::rotate(wave.begin(), wave.begin() + 2 * 110, wave.end());
+    EXPECT_TRUE(IsSeamless(wave));
+    wave.resize(wave.size() - 2 * 300);
+    EXPECT_FALSE(IsSeamless(wave));
+}
+
+}  // namespace
+}  // namespace tabulon
