@@ -15,11 +15,8 @@ constexpr int ResultMilliseconds = 3000;
 constexpr int FewestRounds = 6;
 constexpr int GapBetweenDice = 20;  // pixels
 
-/// Frames 21 and 22 alone give a six, so it comes half as often as any other face.
-int FaceOfFrame(int frame) {
-    if (frame > 20) return 6;
-    return (frame - 1) / 4 + 1;
-}
+/// Four frames a face. The highest draw is frame 22, so a six comes half as often as any other face.
+int FaceOfFrame(int frame) { return (frame - 1) / 4 + 1; }
 
 }  // namespace
 

@@ -28,8 +28,7 @@ void HeadlessScreen::ShowModal(Form& form) {
 }
 
 void HeadlessScreen::PumpEvents() {
-    ArmTimers();
-    FireDueTimers();
+    if (ArmTimers()) FireDueTimers();
 }
 
 void HeadlessScreen::Sleep(int milliseconds) {
@@ -55,25 +54,30 @@ void HeadlessScreen::ListTimers() {
         m_timers.insert(m_timers.end(), form->Timers.begin(), form->Timers.end());
 }
 
-void HeadlessScreen::ArmTimers() {
+bool HeadlessScreen::ArmTimers() {
+    bool due = false;
     for (Timer* timer : m_timers) {
         if (!timer->Enabled) {
             timer->DueAt = Timer::NotArmed;
-        } else if (timer->DueAt == Timer::NotArmed) {
-            timer->DueAt = m_now + timer->Interval;
+            continue;
         }
+        if (timer->DueAt == Timer::NotArmed) timer->DueAt = m_now + timer->Interval;
+        due |= timer->DueAt <= m_now;
     }
+    return due;
+}
+
+Timer* HeadlessScreen::DueTimer() const {
+    for (Timer* timer : m_timers)
+        if (timer->Enabled && timer->DueAt != Timer::NotArmed && timer->DueAt <= m_now) return timer;
+    return nullptr;
 }
 
 // A handler may load and unload forms, so each one that fires begins the search anew.
 void HeadlessScreen::FireDueTimers() {
-    const auto due = [this](const Timer* timer) {
-        return timer->Enabled && timer->DueAt != Timer::NotArmed && timer->DueAt <= m_now;
-    };
-    for (auto timer = std::ranges::find_if(m_timers, due); timer != m_timers.end();
-         timer = std::ranges::find_if(m_timers, due)) {
-        (*timer)->DueAt = m_now + (*timer)->Interval;
-        if ((*timer)->Tick) (*timer)->Tick();
+    while (Timer* timer = DueTimer()) {
+        timer->DueAt = m_now + timer->Interval;
+        if (timer->Tick) timer->Tick();
     }
 }
 

@@ -69,7 +69,9 @@ class HeadlessScreen final : public Screen {
 
   private:
     void ListTimers();
-    void ArmTimers();
+    /// Begins the intervals of the timers that were enabled since the last look. True when one is over.
+    bool ArmTimers();
+    Timer* DueTimer() const;
     void FireDueTimers();
     bool JumpToNextTimer(const Form& waiting);
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cmath>
+
 namespace tabulon {
 
 /// The program's one source of chance.
@@ -13,11 +15,10 @@ class Random {
     virtual void Randomize() = 0;
 
     /// floor(range * Rnd + offset), formed in double precision: in single precision the greatest draws of a
-    /// wide range would round up to one above it.
+    /// wide range would round up to one above it. The product is exact, so the whole offset may come last.
     int Draw(int range, int offset) {
-        const double drawn = static_cast<double>(Rnd()) * range + offset;
-        const int towardsZero = static_cast<int>(drawn);
-        return towardsZero > drawn ? towardsZero - 1 : towardsZero;
+        const double drawn = static_cast<double>(Rnd()) * range;
+        return static_cast<int>(range < 0 ? std::floor(drawn) : drawn) + offset;
     }
 };
 
