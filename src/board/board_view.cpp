@@ -56,7 +56,8 @@ void BoardView::DrawSpaces() {
         const CGame& game = Required(m_form.Game);
         SetOverviewSpace(game.Spaces.Item(state.Position[index].Value()));
         CountRound(index);
-        m_form.lblRound.Caption = "Round " + ToText(m_form.State.Round);
+        m_form.lblRound.Caption = "Round ";
+        m_form.lblRound.Caption += ToText(m_form.State.Round);
         m_form.lblRound.Raise();
     });
 }

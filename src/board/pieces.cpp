@@ -50,14 +50,14 @@ void Pieces::Draw() {
 void Pieces::DrawPlayers() {
     Procedure(m_g.gErrHandler, "frmMain:DrawPlayers", [&] {
         const PlayState& state = m_form.State;
-        CGame& game = Required(m_form.Game);
+        const CGame& game = Required(m_form.Game);
         for (int i = 0; i < state.PlayerCount.Value(); ++i) {
             const Integer position = state.Position[i];
             if (position <= 0) continue;
-            const auto space = game.Spaces.ItemBySequence(position);
+            const CSpace* space = game.Spaces.ItemBySequence(position);
             if (!space) continue;
-            const int slot = state.Position.Count(position, i);
-            PlacePiece(i, *space, state.PlayersInSpace(position), slot, state.Name[i]);
+            const auto pieces = state.Position.CountLike(i);
+            PlacePiece(i, *space, pieces.All, pieces.Before, state.Name[i]);
         }
     });
 }
@@ -68,7 +68,7 @@ void Pieces::DrawPlayersForLoadGame() {
         CGame& game = Required(m_form.Game);
         for (int i = 1; i <= state.PlayerCount.Value(); ++i) {
             const CSpace& space = Required(game.Spaces.ItemBySequence(state.Position[i]));
-            PlacePiece(i - 1, space, state.PlayersInSpace(space.Sequence), PlayerPosInSpace(space, i),
+            PlacePiece(i - 1, space, state.PlayersInSpace(space.Sequence).Value(), PlayerPosInSpace(space, i),
                        state.Name[i]);
         }
     });
@@ -84,11 +84,11 @@ int Pieces::PlayerPosInSpace(const CSpace& space, int player) const {
     return 0;
 }
 
-void Pieces::PlacePiece(int index, const CSpace& space, Integer count, int slot, const std::string& name) {
+void Pieces::PlacePiece(int index, const CSpace& space, int count, int slot, const std::string& name) {
     Image& piece = m_form.imgPlayingPiece[index];
     piece.Top = static_cast<float>(space.Top);
-    piece.Left = static_cast<float>(static_cast<double>(space.Width) / count.Value() * slot + space.Left);
-    piece.ToolTipText = name;
+    piece.Left = static_cast<float>(static_cast<double>(space.Width) / count * slot + space.Left);
+    if (piece.ToolTipText != name) piece.ToolTipText = name;
     piece.Visible = true;
 }
 

@@ -22,7 +22,7 @@ class Pieces {
 
   private:
     void FillPlate(int index);
-    void PlacePiece(int index, const CSpace& space, Integer count, int slot, const std::string& name);
+    void PlacePiece(int index, const CSpace& space, int count, int slot, const std::string& name);
     int PlayerPosInSpace(const CSpace& space, int player) const;
 
     Globals& m_g;

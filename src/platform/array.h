@@ -24,12 +24,27 @@ class Array {
     T& operator[](Integer index) { return (*this)[index.Value()]; }
     const T& operator[](Integer index) const { return (*this)[index.Value()]; }
 
-    /// How many of the slots below `end` hold the value.
-    int Count(const T& value, int end) const {
+    /// How many slots hold the value.
+    int Count(const T& value) const {
         int count = 0;
-        for (std::size_t i = 0; i < m_slots.size() && static_cast<int>(i) < end; ++i)
-            count += m_slots[i].value == value;
+        for (const Slot& slot : m_slots) count += slot.value == value;
         return count;
+    }
+
+    /// How many slots hold what the slot at the index holds: all of them, and those before it.
+    struct Likes {
+        int All = 0;
+        int Before = 0;
+    };
+    Likes CountLike(int index) const {
+        const Slot& own = m_slots[Checked(index)];
+        Likes likes;
+        for (const Slot& slot : m_slots) {
+            const bool same = slot.value == own.value;
+            likes.All += same;
+            likes.Before += same && &slot < &own;
+        }
+        return likes;
     }
 
     /// -1 for an array without bounds.

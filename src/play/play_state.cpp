@@ -30,7 +30,7 @@ void PlayState::ReDimForLoadedGame() {
 }
 
 Integer PlayState::PlayersInSpace(Integer sequence) const {
-    return Position.Count(sequence, Position.UBound() + 1);
+    return Position.Count(sequence);
 }
 
 }  // namespace tabulon
