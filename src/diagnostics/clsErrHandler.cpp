@@ -158,7 +158,7 @@ void clsErrHandler::SetDestination(DestinationValue value) {
 void clsErrHandler::SetMaxProcStackItems(Integer items) {
     m_maxItems = items.Value();
     // Index 0 is never used: the first name stands at 1.
-    m_procStack.assign(static_cast<std::size_t>(std::max(m_maxItems + 3, 1)), {});
+    m_procStack.assign(static_cast<std::size_t>(std::max(m_maxItems, 0) + 1), {});
 }
 
 void clsErrHandler::SetTraceExecution(bool on) {

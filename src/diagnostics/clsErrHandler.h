@@ -35,9 +35,9 @@ class clsErrHandler final : public ProcedureStack {
     /// The stack holds MaxProcStackItems() names; the Push after that fails with SubscriptOutOfRange.
     void Push(std::string_view ProcName) override {
         StackTop += 1;
-        const int index = StackTop.Value() <= m_maxItems ? StackTop.Value() : StackTop.Value() + 2;
-        if (index >= static_cast<int>(m_procStack.size())) throw Failure(FailureNumber::SubscriptOutOfRange);
-        m_procStack[static_cast<std::size_t>(index)] = ProcName;
+        const int top = StackTop.Value();
+        if (top < 0 || top > m_maxItems) throw Failure(FailureNumber::SubscriptOutOfRange);
+        m_procStack[static_cast<std::size_t>(top)] = ProcName;
         if (m_traceExecution) Trace(ProcName);
     }
     void Pop() override {
