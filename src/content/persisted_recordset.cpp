@@ -4,6 +4,7 @@
 #include <charconv>
 #include <functional>
 #include <numeric>
+#include <utility>
 
 #include "packages/limits.h"
 #include "platform/failure.h"
@@ -85,8 +86,20 @@ bool IsAscii(std::string_view bytes) {
 }
 
 /// Most files are plain ASCII, which needs no closer look.
-std::string Decoded(std::string_view bytes) {
-    return IsAscii(bytes) || IsWide(bytes) ? std::string(bytes) : ToUtf8(bytes);
+std::string Decoded(std::string bytes) {
+    return IsAscii(bytes) || IsWide(bytes) ? std::move(bytes) : ToUtf8(bytes);
+}
+
+std::size_t CountOf(std::string_view part, std::string_view text) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(part); at != text.npos; at = text.find(part, at + part.size())) ++count;
+    return count;
+}
+
+std::size_t BindingsAt(pugi::xml_node node) {
+    return static_cast<std::size_t>(std::ranges::count_if(node.attributes(), [](pugi::xml_attribute attribute) {
+        return std::string_view(attribute.name()).starts_with("xmlns");
+    }));
 }
 
 std::vector<std::size_t> LineEnds(const std::string& text) {
@@ -106,11 +119,13 @@ void Parse(pugi::xml_document& document, std::string& text) {
 
 }  // namespace
 
-PersistedRecordset::PersistedRecordset(std::string_view bytes) {
+PersistedRecordset::PersistedRecordset(std::string bytes) {
     if (bytes.size() > limits::ContentFileBytes) Refuse("it is too large");
-    m_text = Decoded(bytes);
+    m_text = Decoded(std::move(bytes));
     m_lineEnds = LineEnds(m_text);
+    const std::size_t bindings = CountOf("xmlns", m_text);
     Parse(m_document, m_text);
+    m_onlyRootBinds = bindings == BindingsAt(m_document.document_element());
     ReadColumns(m_document.document_element());
     for (const pugi::xml_node data : m_document.document_element().children())
         if (IsElement(data, RowsetNamespace, "data")) ReadRows(data);
@@ -137,13 +152,22 @@ void PersistedRecordset::AddColumns(pugi::xml_node parent) {
 
 void PersistedRecordset::ReadRows(pugi::xml_node parent) {
     for (const pugi::xml_node child : parent.children()) {
-        if (IsElement(child, RowNamespace, "row")) {
+        if (IsRow(child)) {
             if (m_rows.size() == limits::Rows) Refuse("it has too many rows");
             m_rows.emplace_back(*this, child);
         } else if (IsElement(child, RowsetNamespace, "insert")) {
             ReadRows(child);
         }
     }
+}
+
+// Looking for what a prefix means costs more than reading the row. Where only the root binds any, as in all
+// files that ADO writes, one look is enough.
+bool PersistedRecordset::IsRow(pugi::xml_node node) {
+    if (!m_rowName.empty() && node.name() == m_rowName) return true;
+    if (!IsElement(node, RowNamespace, "row")) return false;
+    if (m_onlyRootBinds) m_rowName = node.name();
+    return true;
 }
 
 const PersistedRecordset::Column* PersistedRecordset::FindColumn(std::string_view name) const {

@@ -17,7 +17,7 @@ namespace tabulon {
 class PersistedRecordset {
   public:
     /// Fails with FileIoError for what is no such table or breaks a limit.
-    explicit PersistedRecordset(std::string_view bytes);
+    explicit PersistedRecordset(std::string bytes);
 
     enum class Type { Text, Whole, Single, Double };
 
@@ -69,12 +69,15 @@ class PersistedRecordset {
     void ReadColumns(pugi::xml_node root);
     void AddColumns(pugi::xml_node parent);
     void ReadRows(pugi::xml_node parent);
+    bool IsRow(pugi::xml_node node);
 
     std::string m_text;  // parsed in place
+    bool m_onlyRootBinds = false;  // prefixes to namespaces
     std::vector<std::size_t> m_lineEnds;
     pugi::xml_document m_document;
     std::vector<Column> m_columns;
     std::vector<Row> m_rows;
+    std::string m_rowName;  // of every row; empty while it is not known, or may differ
 };
 
 }  // namespace tabulon
