@@ -40,6 +40,11 @@ bool Matches(std::string_view name, std::string_view pattern) {
            EqualNoCase(name.substr(name.size() - tail.size()), tail);
 }
 
+std::string_view NameOf(const fs::directory_entry& entry) {
+    const std::string_view path = entry.path().native();
+    return path.substr(path.rfind('/') + 1);
+}
+
 template <class Wanted>
 std::vector<fs::path> Listed(const fs::path& dir, Wanted&& wanted) {
     std::vector<fs::path> found;
@@ -82,12 +87,14 @@ class Descriptor {
 
     bool IsOpen() const { return m_descriptor >= 0; }
 
-    /// A pipe or a device could keep the program waiting for ever.
-    void MustBeRegular() const {
+    /// Fails for what is no regular file: a pipe or a device could keep the program waiting for ever.
+    std::size_t RegularSize() const {
         struct stat state {};
         if (fstat(m_descriptor, &state) != 0 || !S_ISREG(state.st_mode))
             throw Failure(FailureNumber::FileIoError);
+        return static_cast<std::size_t>(state.st_size);
     }
+    void MustBeRegular() const { RegularSize(); }
 
     /// How many bytes came; 0 at the end of the file.
     std::size_t Read(char* buffer, std::size_t size) const {
@@ -164,7 +171,7 @@ fs::path FindFile(const fs::path& dir, std::string_view name) {
     if (!IsBareFileName(name)) return {};
     if (const fs::path exact = dir / name; FileExists(exact)) return exact;
     const auto alike = Listed(dir, [&](const fs::directory_entry& entry) {
-        return EqualNoCase(entry.path().filename().string(), name) && FileExists(entry.path());
+        return EqualNoCase(NameOf(entry), name) && FileExists(entry.path());
     });
     return alike.empty() ? fs::path() : alike.front();
 }
@@ -172,8 +179,8 @@ fs::path FindFile(const fs::path& dir, std::string_view name) {
 std::vector<fs::path> FilesMatching(const fs::path& dir, std::string_view pattern) {
     return Listed(dir, [&](const fs::directory_entry& entry) {
         std::error_code trouble;
-        return entry.symlink_status(trouble).type() == fs::file_type::regular &&
-               Matches(entry.path().filename().string(), pattern);
+        return Matches(NameOf(entry), pattern) && !entry.is_symlink(trouble) &&
+               entry.is_regular_file(trouble);
     });
 }
 
@@ -196,13 +203,15 @@ std::string ReadFile(const fs::path& path, std::size_t limit) {
     const Descriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     if (!file.IsOpen() && errno == ENOENT) throw Failure(FailureNumber::FileNotFound);
     if (!file.IsOpen()) FailWith(errno);
-    file.MustBeRegular();
-    std::string bytes;
-    std::array<char, 16384> buffer;
-    while (const std::size_t got = file.Read(buffer.data(), buffer.size())) {
-        bytes.append(buffer.data(), got);
-        if (bytes.size() > limit) throw Failure(FailureNumber::InternalError, "File too large");
+    // The size is a hint: the file may grow meanwhile, and the room for one byte more tells its end.
+    std::string bytes(std::min(file.RegularSize(), limit) + 1, '\0');
+    std::size_t length = 0;
+    while (const std::size_t got = file.Read(bytes.data() + length, bytes.size() - length)) {
+        length += got;
+        if (length > limit) throw Failure(FailureNumber::InternalError, "File too large");
+        if (length == bytes.size()) bytes.resize(2 * length);
     }
+    bytes.resize(length);
     return bytes;
 }
 
