@@ -97,9 +97,10 @@ std::size_t CountOf(std::string_view part, std::string_view text) {
 }
 
 std::size_t BindingsAt(pugi::xml_node node) {
-    return static_cast<std::size_t>(std::ranges::count_if(node.attributes(), [](pugi::xml_attribute attribute) {
-        return std::string_view(attribute.name()).starts_with("xmlns");
-    }));
+    return static_cast<std::size_t>(
+        std::ranges::count_if(node.attributes(), [](pugi::xml_attribute attribute) {
+            return std::string_view(attribute.name()).starts_with("xmlns");
+        }));
 }
 
 std::vector<std::size_t> LineEnds(const std::string& text) {

@@ -71,7 +71,7 @@ class PersistedRecordset {
     void ReadRows(pugi::xml_node parent);
     bool IsRow(pugi::xml_node node);
 
-    std::string m_text;  // parsed in place
+    std::string m_text;            // parsed in place
     bool m_onlyRootBinds = false;  // prefixes to namespaces
     std::vector<std::size_t> m_lineEnds;
     pugi::xml_document m_document;

@@ -56,6 +56,10 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         Form{"Plain", Table(Both), "1:a 2:b"}, Form{"NoRows", Table("<rs:data/>"), ""},
         Form{"NoData", Table(""), ""},
+        Form{"PrefixBoundAnew",
+             Table("<rs:data>" + Row1 + "<z:row xmlns:z='urn:other' Number='3' Text='c'/>" + Row2 +
+                   "</rs:data>"),
+             "1:a 2:b"},
         Form{"PendingRows", Table("<rs:data>" + Row1 + "<rs:insert>" + Row2 + "</rs:insert></rs:data>"),
              "1:a 2:b"},
         Form{"ChangedAndRemovedRows",
