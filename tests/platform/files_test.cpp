@@ -102,6 +102,11 @@ TEST_F(FilesTest, ReadsWhatWasWritten) {
     EXPECT_EQ(ReadFile(dir / "new", 9), "ef");
 }
 
+TEST_F(FilesTest, ReadsWhatHasNoSizeBeforehand) {
+    EXPECT_EQ(fs::file_size("/proc/self/status"), 0u);
+    EXPECT_FALSE(ReadFile("/proc/self/status", 1 << 20).empty());
+}
+
 TEST_F(FilesTest, FailsByWhatIsWrong) {
     Make("file");
     fs::create_directory(dir / "folder");
