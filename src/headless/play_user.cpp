@@ -62,6 +62,9 @@ void PlayUser::UseChooser() {
     } else if (choice->New) {
         dialog.cmdNewGame.Click();
     } else {
+        const int rows = static_cast<int>(dialog.cmbSavedGames.Rows.size());
+        if (choice->Saved < 0 || choice->Saved >= rows)
+            throw Stuck{dialog.Name, "there is no such saved game"};
         dialog.cmbSavedGames.Select(choice->Saved);
         dialog.cmdLoadGame.Click();
     }
@@ -74,6 +77,7 @@ void PlayUser::UsePlayersDialog() {
         dialog.cmdCancel.Click();
         return;
     }
+    if (players->size() > MaxSeats) throw Stuck{dialog.Name, "there is no room for so many players"};
     int row = 0;
     for (const PlayerEntry& player : *players) EnterPlayer(row++, player);
     dialog.cmdOk.Click();

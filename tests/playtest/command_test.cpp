@@ -9,6 +9,7 @@ namespace tabulon::test {
 namespace {
 
 using testing::HasSubstr;
+using testing::Not;
 using testing::TestWithParam;
 using testing::Values;
 
@@ -60,7 +61,8 @@ INSTANTIATE_TEST_SUITE_P(
            ArgumentCase{"ScriptWithOptions", {"--script", "a.json", "--json"}, 2, "--script"},
            ArgumentCase{"MissingPackage", {"/nowhere/a.gam"}, 1, "/nowhere/a.gam: No such file"},
            ArgumentCase{
-               "MissingScript", {"--script", "/nowhere/a.json"}, 1, "/nowhere/a.json: cannot be read"}),
+               "MissingScript", {"--script", "/nowhere/a.json"}, 1, "/nowhere/a.json: cannot be read"},
+           ArgumentCase{"FolderAsScript", {"--script", "/"}, 1, "/: "}),
     CaseName());
 
 struct ScriptCase {
@@ -94,7 +96,7 @@ INSTANTIATE_TEST_SUITE_P(
     Given, BadScript,
     Values(
         ScriptCase{"NoJson", "roll\nthe dice", "parse error"}, ScriptCase{"Empty", "", "parse error"},
-        ScriptCase{"AList", "[]", "type"}, ScriptCase{"NoPackage", "{}", "package"},
+        ScriptCase{"AList", "[]", "array"}, ScriptCase{"NoPackage", "{}", "package"},
         ScriptCase{"MissingPackage", ScriptWith(""), "none.gam: No such file"},
         ScriptCase{"UnknownControl", ScriptWith(R"(, "steps": [{"click": "cmdJump"}])"),
                    "unknown control \"cmdJump\""},
@@ -104,6 +106,10 @@ INSTANTIATE_TEST_SUITE_P(
         ScriptCase{"NumberBeyondOne",
                    R"({"package": "none.gam", "clock": "2026-01-05T14:30:00", "players": [], "random": [1]})",
                    "not in [0, 1)"},
+        ScriptCase{"EmptyPackageName", R"({"package": "", "clock": "2026-01-05T14:30:00", "players": []})",
+                   "no package"},
+        ScriptCase{"NoSuchDay", R"({"package": "none.gam", "clock": "2026-02-30T14:30:00", "players": []})",
+                   "no such day"},
         ScriptCase{"NoTime", R"({"package": "none.gam", "clock": "noon", "players": []})", "noon"},
         ScriptCase{
             "UnknownPiece",
@@ -130,14 +136,55 @@ TEST(TruncatedPackage, CannotBePlayed) {
     EXPECT_EQ(RunTool({package.string()}).Status, 1);
 }
 
-TEST(Session, ThatCannotGoOnHasAStatusOfItsOwn) {
+struct StuckCase {
+    const char* Name;
+    std::string Players;
+    std::string Steps;
+    std::string Form;
+};
+
+void PrintTo(const StuckCase& stuck, std::ostream* out) { *out << stuck.Name; }
+
+class StuckScript : public TestWithParam<StuckCase> {};
+
+TEST_P(StuckScript, HasAStatusOfItsOwn) {
     const TemporaryDirectory folder;
-    std::ofstream(folder / "script.json") << R"({"package": ")" << TinyGame{}.WriteTo(folder)
-                                          << R"(", "clock": "2026-01-05T14:30:00", "random": [],)"
-                                          << R"( "players": [{"name": "Ann", "piece": "(Animals) 1"}]})";
+    std::ofstream(folder / "script.json")
+        << R"({"package": ")" << TinyGame{}.WriteTo(folder)
+        << R"(", "clock": "2026-01-05T14:30:00", "random": [0.5, 0.5],)"
+        << R"("players": [)" << GetParam().Players << R"(], "steps": [)" << GetParam().Steps << "]}";
     const Outcome outcome = RunTool({"--script", (folder / "script.json").string()});
     EXPECT_EQ(outcome.Status, 3);
-    EXPECT_THAT(outcome.Out, HasSubstr(R"({"event":"stuck","form":"frmMain")"));
+    EXPECT_THAT(outcome.Out, HasSubstr(R"({"event":"stuck","form":")" + GetParam().Form));
+    EXPECT_THAT(outcome.Out, Not(HasSubstr(R"("event":"error")")));
+}
+
+std::string Players(int count) {
+    std::string list;
+    for (int i = 1; i <= count; ++i) {
+        const std::string number = std::to_string(i);
+        list +=
+            (i > 1 ? ", " : "") + (R"({"name": "P)" + number + R"(", "piece": "(Animals) )" + number + "\"}");
+    }
+    return list;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Given, StuckScript,
+    Values(StuckCase{"RandomUsedUp", Players(1), R"({"click": "cmdRoll"})", "frmMain"},
+           StuckCase{"SevenPlayers", Players(7), "", "dlgPlayers"},
+           StuckCase{"UnknownSavedGame", Players(1), R"({"click": "cmdLoadGame", "choose": [{"saved": 1}]})",
+                     "dlgLoadGame"},
+           StuckCase{"NegativeSavedGame", Players(1),
+                     R"({"click": "cmdLoadGame", "choose": [{"saved": -1}]})", "dlgLoadGame"}),
+    CaseName());
+
+TEST(FullDisk, IsTold) {
+    const TemporaryDirectory folder;
+    std::ostringstream out, err;
+    out.setstate(std::ios::badbit);
+    EXPECT_EQ(playtest::Run({(folder / TinyGame{}.WriteTo(folder)).string(), "--games", "1"}, {out, err}), 1);
+    EXPECT_THAT(err.str(), HasSubstr("cannot be written"));
 }
 
 }  // namespace

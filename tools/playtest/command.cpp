@@ -86,7 +86,9 @@ std::string OneLine(std::string text) {
 
 ExitStatus Run(const std::vector<std::string>& arguments, const Console& console) {
     try {
-        return RunTask(ParseArguments(arguments), console);
+        const ExitStatus status = RunTask(ParseArguments(arguments), console);
+        if (!console.Out.flush()) throw Unusable("the output cannot be written");
+        return status;
     } catch (const WrongArguments& wrong) {
         console.Err << OneLine(wrong.what()) << "Try tabulon-playtest --help.\n";
         return WrongUse;

@@ -72,9 +72,10 @@ LocalTime ToTime(const std::string& text) {
     stream >> std::get_time(&time, "%Y-%m-%dT%H:%M:%S");
     if (!stream) throw Unusable("\"" + text + "\" is no date and time like 2026-01-05T14:30:00");
     using namespace std::chrono;
-    const local_days day{year{time.tm_year + 1900} / month{static_cast<unsigned>(time.tm_mon + 1)} /
-                         std::chrono::day{static_cast<unsigned>(time.tm_mday)}};
-    return day + hours{time.tm_hour} + minutes{time.tm_min} + seconds{time.tm_sec};
+    const year_month_day date = year{time.tm_year + 1900} / month{static_cast<unsigned>(time.tm_mon + 1)} /
+                                day{static_cast<unsigned>(time.tm_mday)};
+    if (!date.ok()) throw Unusable("there is no such day as in \"" + text + "\"");
+    return local_days{date} + hours{time.tm_hour} + minutes{time.tm_min} + seconds{time.tm_sec};
 }
 
 float ToRandomNumber(const json& number) {
@@ -85,13 +86,21 @@ float ToRandomNumber(const json& number) {
 
 Script ToScript(const json& document, const std::filesystem::path& folder) {
     Script script;
-    script.Package = folder / document.at("package").get<std::string>();
+    const auto package = document.at("package").get<std::string>();
+    if (package.empty()) throw Unusable("it names no package");
+    script.Package = folder / package;
     script.SmallFonts = document.value("small_fonts", true);
     script.Clock = ToTime(document.at("clock").get<std::string>());
     script.FirstPlayers = ToPlayers(document.at("players"));
     script.Random = ToList<float>(document, "random", ToRandomNumber);
     script.Steps = ToList<Step>(document, "steps", ToStep);
     return script;
+}
+
+/// The library begins its messages with the name of the exception, in brackets.
+std::string WithoutName(const std::string& message) {
+    const std::size_t end = message.find("] ");
+    return message.starts_with('[') && end != message.npos ? message.substr(end + 2) : message;
 }
 
 }  // namespace
@@ -102,8 +111,8 @@ Script ReadScript(const std::filesystem::path& file) {
     try {
         return ToScript(json::parse(stream), file.parent_path());
     } catch (const json::exception& failure) {
-        throw Unusable(file.string() + ": " + failure.what());
-    } catch (const Unusable& failure) {
+        throw Unusable(file.string() + ": " + WithoutName(failure.what()));
+    } catch (const std::exception& failure) {
         throw Unusable(file.string() + ": " + failure.what());
     }
 }

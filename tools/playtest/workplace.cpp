@@ -60,7 +60,8 @@ void Workplace::Install(const std::string& key) {
     games.ReDim(0);
     m_program->savedGames.GetAvailableGames(games, gameNames, descriptions, count);
     if (gameNames.UBound() < 0 || gameNames[0].empty())
-        throw Unusable(key + ".gam: the package does not open, has no spaces.xml, or its game has no name");
+        throw Unusable(key + ".gam: the package does not open, has no spaces.xml or no " + key +
+                       ".dat, or its game has no name");
 }
 
 }  // namespace tabulon::playtest
