@@ -5,7 +5,9 @@
 #include <chrono>
 #include <condition_variable>
 #include <exception>
+#include <latch>
 #include <mutex>
+#include <optional>
 #include <thread>
 
 namespace tabulon::playtest {
@@ -14,40 +16,57 @@ namespace {
 
 constexpr std::chrono::milliseconds ProgressInterval(200);
 
-/// The threads of a run, and what they share: the number of the next game.
+/// The threads of a run, and what they share: the number of the next game. They begin to play together, once
+/// each has its Player.
 class Workers {
   public:
-    Workers(const StatisticsSettings& settings, Simulation& first) : m_settings(settings), m_first(first) {}
+    Workers(const StatisticsSettings& settings, Simulation& first)
+        : m_settings(settings),
+          m_first(first),
+          m_count(std::min<std::int64_t>(settings.Jobs, settings.Games)),
+          m_running(m_count),
+          m_ready(m_count + 1) {}
 
     Figures Play(const Progress& progress) {
-        const auto count =
-            static_cast<std::size_t>(std::min<std::int64_t>(m_settings.Jobs, m_settings.Games));
-        m_running = count;
         std::vector<std::jthread> threads;
-        for (std::size_t i = 0; i < count; ++i) threads.emplace_back([this, i] { Work(i == 0); });
+        for (std::int64_t i = 0; i < m_count; ++i) threads.emplace_back([this, i] { Work(i == 0); });
+        m_ready.arrive_and_wait();
+        const auto start = std::chrono::steady_clock::now();
         Wait(progress);
+        m_seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
         threads.clear();
         if (m_failure) std::rethrow_exception(m_failure);
         return std::move(m_sum);
     }
 
+    /// That the games took.
+    double Seconds() const { return m_seconds; }
+
   private:
     void Work(bool first) {
+        std::optional<Simulation> own;
+        Try([&] {
+            if (!first) own.emplace(m_settings);
+        });
+        m_ready.arrive_and_wait();
+        Try([&] {
+            if (first || own) PlayShare(first ? m_first : *own);
+        });
+        const std::lock_guard lock(m_mutex);
+        --m_running;
+        m_ended.notify_one();
+    }
+
+    /// A failure ends the run, also for the other threads.
+    template <class Action>
+    void Try(Action action) {
         try {
-            if (first) {
-                PlayShare(m_first);
-            } else {
-                Simulation simulation(m_settings);
-                PlayShare(simulation);
-            }
+            action();
         } catch (...) {
             m_next = m_settings.Games;
             const std::lock_guard lock(m_mutex);
             m_failure = std::current_exception();
         }
-        const std::lock_guard lock(m_mutex);
-        --m_running;
-        m_ended.notify_one();
     }
 
     void PlayShare(Simulation& simulation) {
@@ -65,10 +84,13 @@ class Workers {
 
     const StatisticsSettings& m_settings;
     Simulation& m_first;
+    const std::int64_t m_count;
     std::atomic<std::int64_t> m_next = 0;
     std::mutex m_mutex;
     std::condition_variable m_ended;
-    std::size_t m_running = 0;
+    std::int64_t m_running;
+    std::latch m_ready;
+    double m_seconds = 0;
     Figures m_sum;
     std::exception_ptr m_failure;
 };
@@ -96,9 +118,9 @@ double Statistics::TurnsPerSecond() const {
 Statistics PlayStatistics(const StatisticsSettings& settings, const Progress& progress) {
     Simulation first(settings);
     Statistics statistics{settings, FactsOf(first.ThePlayer()), first.Loading(), 0};
-    const auto start = std::chrono::steady_clock::now();
-    statistics.Counted.Add(Workers(settings, first).Play(progress));
-    statistics.Seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    Workers workers(settings, first);
+    statistics.Counted.Add(workers.Play(progress));
+    statistics.Seconds = workers.Seconds();
     return statistics;
 }
 
