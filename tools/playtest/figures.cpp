@@ -32,6 +32,11 @@ const std::array<const char*, ActionCount> ActionNames = {
     "atLosePoints", "atGainPoints",  "atPayEachPlayer", "atCollectFromEach", "atLoseTurns",
     "atExtraTurns", "atRollDouble",  "atRollNumber"};
 
+const std::array<const char*, ActionCount> ActionsInWords = {
+    "draw a card",     "move forward",      "move back",        "go to a space",     "go to the start",
+    "lose points",     "gain points",       "pay each player",  "collect from each", "lose turns",
+    "get extra turns", "wait for a double", "wait for a number"};
+
 Figures::Figures() : m_landings(NumbersOf16Bits) {}
 
 void Figures::CountGame(std::int64_t turns, bool finished) {

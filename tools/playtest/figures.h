@@ -15,6 +15,8 @@ inline constexpr int ActionCount = 13;
 
 /// "atDrawCard" and so on, by action code.
 extern const std::array<const char*, ActionCount> ActionNames;
+/// "draw a card" and so on.
+extern const std::array<const char*, ActionCount> ActionsInWords;
 
 /// Something that went wrong, and the first game in which it did.
 struct Trouble {

@@ -126,7 +126,9 @@ void PrintReport(const Statistics& statistics, std::ostream& out) {
     const Figures& figures = statistics.Counted;
     out << statistics.Game.Name << ", " << statistics.Settings.Seats << " computers, seed "
         << statistics.Settings.Seed << '\n';
-    for (const std::string& sentence : TroublesInWords(statistics)) out << "  " << sentence << '\n';
+    const std::vector<std::string> troubles = TroublesInWords(statistics);
+    for (const std::string& sentence : troubles) out << "  " << sentence << '\n';
+    if (troubles.empty()) out << "  All games ended, and nothing failed.\n";
     PrintRow(out, "games", figures.Games());
     PrintRow(out, "finished", figures.Finished(), Percent(figures.Finished(), figures.Games()));
     PrintRow(out, "unfinished", statistics.Unfinished());

@@ -80,6 +80,17 @@ std::string Range(const Column& column) {
     return std::to_string(column.First) + " to " + std::to_string(column.Last) + " turns";
 }
 
+/// The lengths at which some of the columns begin.
+std::string LengthLabels(const std::vector<Column>& columns, double width) {
+    constexpr std::size_t MostLabels = 10;
+    const std::size_t step = columns.size() / MostLabels + 1;
+    std::string labels;
+    for (std::size_t i = 0; i < columns.size(); i += step)
+        labels += Text(HistogramLeft + (static_cast<double>(i) + 0.5) * width, HistogramHeight + 28,
+                       std::to_string(columns[i].First), "middle");
+    return labels;
+}
+
 std::int64_t MostLandings(const Statistics& statistics) {
     std::int64_t most = 1;
     for (const GameFacts::Space& space : statistics.Game.Spaces)
@@ -87,21 +98,43 @@ std::int64_t MostLandings(const Statistics& statistics) {
     return most;
 }
 
+/// From pale yellow over orange to dark red.
+std::string HeatColour(double heat) {
+    const auto mixed = [heat](int pale, int middle, int dark) {
+        const double way =
+            heat < 0.5 ? pale + (middle - pale) * 2 * heat : middle + (dark - middle) * (2 * heat - 1);
+        return std::to_string(std::lround(way));
+    };
+    return "rgb(" + mixed(255, 240, 130) + "," + mixed(245, 135, 10) + "," + mixed(205, 60, 20) + ")";
+}
+
+std::string SpaceMeaning(const GameFacts::Space& space, std::int64_t landings) {
+    return "Space " + std::to_string(space.Number) + ": " + std::to_string(landings) + " landings" +
+           (space.Message.empty() ? "" : ". " + space.Message);
+}
+
+/// The landings, with the space's number small in its corner.
 std::string SpaceBox(const GameFacts::Space& space, std::int64_t landings, double heat) {
-    std::ostringstream style;
-    style << "fill=\"rgb(" << 255 - static_cast<int>(75 * heat) << ',' << 205 - static_cast<int>(190 * heat)
-          << ',' << 60 - static_cast<int>(40 * heat) << ")\" fill-opacity=\"" << 0.25 + 0.5 * heat
-          << "\" stroke=\"#5a1400\"";
-    const std::string meaning = "Space " + std::to_string(space.Number) + ": " + std::to_string(landings) +
-                                " landings" + (space.Message.empty() ? "" : ". " + space.Message);
+    constexpr double Dark = 0.7;  // from here on white is easier to read
+    const double size = std::max(8.0, std::min(space.Height * 0.36, space.Width * 0.28));
     std::ostringstream svg;
-    svg << Box(space.Left, space.Top, space.Width, space.Height, style.str(), meaning);
-    svg << "<g font-size=\"" << std::max(8.0, std::min(space.Height * 0.4, space.Width * 0.28)) << "\" "
-        << "class=\"heat\">"
-        << Text(space.Left + space.Width / 2.0, space.Top + space.Height * 0.62, std::to_string(landings),
-                "middle")
-        << "</g>";
+    svg << Box(space.Left, space.Top, space.Width, space.Height,
+               "fill=\"" + HeatColour(heat) + "\" stroke=\"#5a1400\"", SpaceMeaning(space, landings))
+        << "<g class=\"" << (heat > Dark ? "dark" : "pale") << "\" font-size=\"" << size * 0.7 << "\">"
+        << Text(space.Left + size * 0.2, space.Top + size * 0.75, std::to_string(space.Number))
+        << "<g font-size=\"" << size << "\" font-weight=\"600\">"
+        << Text(space.Left + space.Width / 2.0, space.Top + space.Height * 0.5 + size * 0.6,
+                std::to_string(landings), "middle")
+        << "</g></g>";
     return svg.str();
+}
+
+std::string KeyToShades(std::int64_t most) {
+    constexpr int Shades = 8;
+    std::string key = "<p class=\"key\">0 ";
+    for (int i = 0; i < Shades; ++i)
+        key += "<i style=\"background:" + HeatColour(i / (Shades - 1.0)) + "\"></i>";
+    return key + " " + std::to_string(most) + " landings</p>\n";
 }
 
 /// The board's picture, or the size that the spaces need.
@@ -134,7 +167,7 @@ std::string BarChart(const std::string& name, const std::vector<Bar>& bars) {
     int y = 0;
     for (const Bar& bar : bars) {
         const double length = LongestBar * static_cast<double>(bar.Count) / static_cast<double>(most);
-        const std::string count = std::to_string(bar.Count) + (bar.Note.empty() ? "" : "  " + bar.Note);
+        const std::string count = std::to_string(bar.Count) + (bar.Note.empty() ? "" : " (" + bar.Note + ")");
         content += Text(BarLeft - 8, y + 15, bar.Label, "end");
         content += Box(BarLeft, y + 2, length, BarHeight - 5, "class=\"bar\"", bar.Label + ": " + count);
         content += Text(BarLeft + length + 6, y + 15, count);
@@ -158,11 +191,10 @@ std::string LengthChart(const Figures& figures) {
         x += width;
     }
     content += Text(HistogramLeft - 6, 18, std::to_string(most), "end");
+    content += Text(HistogramLeft - 6, 34, "games", "end");
     content += Text(HistogramLeft - 6, HistogramHeight + 10, "0", "end");
-    if (!columns.empty()) {
-        content += Text(HistogramLeft, HistogramHeight + 28, Range(columns.front()));
-        content += Text(ChartWidth, HistogramHeight + 28, Range(columns.back()), "end");
-    }
+    content += Text(HistogramLeft - 6, HistogramHeight + 28, "turns", "end");
+    content += LengthLabels(columns, width);
     return Svg(ChartWidth, HistogramHeight + 36, "How long games take",
                "Half of the games take at most " + ShortNumber(figures.MedianLength()) + " turns", content);
 }
@@ -174,14 +206,15 @@ std::string HeatMap(const Statistics& statistics) {
     const std::string address = game.Board ? DataAddress(*game.Board) : std::string();
     if (!address.empty())
         content << "<image href=\"" << address << "\" width=\"" << width << "\" height=\"" << height
-                << "\"/>";
-    const auto most = static_cast<double>(MostLandings(statistics));
+                << "\" opacity=\"0.4\"/>";
+    const std::int64_t most = MostLandings(statistics);
     for (const GameFacts::Space& space : game.Spaces) {
         const std::int64_t landings = statistics.Counted.Landings(space.Number);
-        content << SpaceBox(space, landings, static_cast<double>(landings) / most);
+        content << SpaceBox(space, landings, static_cast<double>(landings) / static_cast<double>(most));
     }
     return Svg(width, height, "The board with the landings on each space", Busiest(statistics),
-               content.str());
+               content.str()) +
+           KeyToShades(most);
 }
 
 }  // namespace tabulon::playtest

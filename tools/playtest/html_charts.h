@@ -18,7 +18,7 @@ struct Bar {
 /// here.
 std::string BarChart(const std::string& name, const std::vector<Bar>& bars);
 std::string LengthChart(const Figures& figures);
-/// The board under its spaces, the darker the more often pieces came there.
+/// The board, pale, under its spaces, the darker the more often pieces came there, and a key to the shades.
 std::string HeatMap(const Statistics& statistics);
 
 }  // namespace tabulon::playtest

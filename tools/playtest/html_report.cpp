@@ -22,16 +22,17 @@ constexpr const char* Style =
     "<style>\n"
     "body{font:16px/1.5 system-ui,sans-serif;color:#222;background:#fff;max-width:60rem;margin:2rem auto;"
     "padding:0 1rem}\n"
-    "h1,h2{line-height:1.2;color:#5a1400}h2{margin-top:2.5rem;border-bottom:2px solid #e8d9c8}\n"
+    "h1,h2,h3{line-height:1.2;color:#5a1400}h2{margin-top:2.5rem;border-bottom:2px solid #e8d9c8}\n"
     "svg{display:block;width:100%;height:auto;font:13px system-ui,sans-serif}\n"
-    ".bar{fill:#c4581e}.heat text{font-weight:600;fill:#1b0700;stroke:#fff;stroke-width:3px;"
-    "paint-order:stroke}\n"
+    ".bar{fill:#c4581e}.pale{fill:#1b0700}.dark{fill:#fff}\n"
+    ".key i{display:inline-block;width:2rem;height:1rem;vertical-align:-.15rem}\n"
     ".good,.bad{padding:.2rem 1rem;border-left:.4rem solid #3c7a3c;background:#f1f7f1}\n"
     ".bad{border-color:#b3261e;background:#fbf0ef}\n"
     "table{border-collapse:collapse;width:100%;font-size:.9rem}th,td{text-align:left;padding:.15rem .6rem;"
     "border-bottom:1px solid #e8d9c8;vertical-align:top;overflow-wrap:anywhere}\n"
-    "td.n,th.n{text-align:right;white-space:nowrap}\n"
-    "@media print{body{margin:0;max-width:none;font-size:11pt}h2{break-after:avoid}svg,tr{break-inside:avoid}"
+    "td.n,th.n{text-align:right;white-space:nowrap;width:4.5rem}\n"
+    "@media "
+    "print{body{margin:0;max-width:none;font-size:11pt}h2,h3,p{break-after:avoid}svg,tr{break-inside:avoid}"
     "*{print-color-adjust:exact;-webkit-print-color-adjust:exact}}\n"
     "</style>\n";
 
@@ -86,32 +87,39 @@ std::string Wins(const Statistics& statistics) {
 std::string Actions(const Figures& figures) {
     std::vector<Bar> bars;
     for (int code = 0; code < ActionCount; ++code)
-        bars.push_back({ActionNames[static_cast<std::size_t>(code)], figures.Actions(code), {}});
+        bars.push_back({ActionsInWords[static_cast<std::size_t>(code)], figures.Actions(code), {}});
     return Sentence("Actions of spaces and cards together.") + BarChart("How often each action ran", bars);
 }
 
-std::string ActionName(int code) {
-    return code >= 0 && code < ActionCount ? ActionNames[static_cast<std::size_t>(code)] : "";
+std::string ActionInWords(int code) {
+    return code >= 0 && code < ActionCount ? ActionsInWords[static_cast<std::size_t>(code)] : "";
 }
 
 std::string Spaces(const Statistics& statistics) {
     std::string rows;
     for (const GameFacts::Space& space : statistics.Game.Spaces) {
         const std::int64_t landings = statistics.Counted.Landings(space.Number);
-        rows += "<tr>" + Cell(space.Number) + Cell(landings) + Cell(ActionName(space.Action)) +
+        rows += "<tr>" + Cell(space.Number) + Cell(landings) + Cell(ActionInWords(space.Action)) +
                 Cell(Shortened(space.Message, LongestQuestion)) + "</tr>\n";
     }
     return Table({"#Space", "#Landings", "Action", "Message"}, rows);
 }
 
+/// A table for each deck, in the order of the decks.
 std::string Cards(const Statistics& statistics) {
-    if (statistics.Game.Cards.empty()) return {};
-    std::string rows;
-    for (const GameFacts::Card& card : statistics.Game.Cards)
-        rows += "<tr>" + Cell(card.DeckName) + Cell(card.Number) +
-                Cell(statistics.Counted.Cards(card.Deck, card.Number)) +
-                Cell(Shortened(card.Question, LongestQuestion)) + "</tr>\n";
-    return Heading("Cards") + Table({"Deck", "#Card", "#Drawn", "Question"}, rows);
+    std::vector<std::pair<std::string, std::string>> decks;  // name and rows
+    int deck = 0;
+    for (const GameFacts::Card& card : statistics.Game.Cards) {
+        if (decks.empty() || card.Deck != deck) decks.push_back({card.DeckName, ""});
+        deck = card.Deck;
+        decks.back().second += "<tr>" + Cell(card.Number) +
+                               Cell(statistics.Counted.Cards(card.Deck, card.Number)) +
+                               Cell(Shortened(card.Question, LongestQuestion)) + "</tr>\n";
+    }
+    std::string tables = decks.empty() ? "" : Heading("Cards");
+    for (const auto& [name, rows] : decks)
+        tables += "<h3>" + Escaped(name) + "</h3>\n" + Table({"#Card", "#Drawn", "Question"}, rows);
+    return tables;
 }
 
 std::string Failures(const Figures& figures) {
