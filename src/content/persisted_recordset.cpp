@@ -1,8 +1,10 @@
 #include "content/persisted_recordset.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <functional>
+#include <iterator>
 #include <numeric>
 #include <utility>
 
@@ -76,8 +78,13 @@ bool IsWide(std::string_view bytes) {
            bytes.substr(0, 4).find('\0') != std::string_view::npos;
 }
 
-struct DepthGuard final : pugi::xml_tree_walker {
-    bool for_each(pugi::xml_node&) override { return depth() < limits::ContentDepth; }
+/// Names are looked up in every element around, and so among all of its attributes.
+struct SizeGuard final : pugi::xml_tree_walker {
+    bool for_each(pugi::xml_node& node) override {
+        const auto attributes = node.attributes();
+        return depth() < limits::ContentDepth &&
+               std::distance(attributes.begin(), attributes.end()) <= limits::ElementAttributes;
+    }
 };
 
 bool IsAscii(std::string_view bytes) {
@@ -103,6 +110,11 @@ std::size_t BindingsAt(pugi::xml_node node) {
         }));
 }
 
+std::string Shortest(double value) {
+    std::array<char, 32> digits{};
+    return {digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr};
+}
+
 std::vector<std::size_t> LineEnds(const std::string& text) {
     std::vector<std::size_t> ends;
     for (std::size_t at = text.find('\n'); at != text.npos; at = text.find('\n', at + 1)) ends.push_back(at);
@@ -114,8 +126,8 @@ void Parse(pugi::xml_document& document, std::string& text) {
     const pugi::xml_parse_result result =
         document.load_buffer_inplace(text.data(), text.size(), pugi::parse_default, encoding);
     if (!result) Refuse(result.description());
-    DepthGuard guard;
-    if (!document.traverse(guard)) Refuse("its elements are nested too deeply");
+    SizeGuard guard;
+    if (!document.traverse(guard)) Refuse("its elements are nested too deeply, or have too many attributes");
 }
 
 }  // namespace
@@ -145,6 +157,7 @@ void PersistedRecordset::ReadColumns(pugi::xml_node root) {
 void PersistedRecordset::AddColumns(pugi::xml_node parent) {
     for (const pugi::xml_node type : parent.children()) {
         if (!IsElement(type, SchemaNamespace, "AttributeType")) continue;
+        if (m_columns.size() == limits::Columns) Refuse("it has too many columns");
         const std::string attribute = type.attribute("name").value();
         const std::string renamed = AttributeOf(type, RowsetNamespace, "name");
         m_columns.push_back({renamed.empty() ? attribute : renamed, attribute, TypeOf(type)});
@@ -195,6 +208,7 @@ std::string PersistedRecordset::Row::Text(std::string_view column) const {
         case Type::Single:
             return ToText(tabulon::ToSingle(Raw(field)));
         case Type::Double:
+            return Shortest(ToDouble(Raw(field)));
         case Type::Text:
             break;
     }

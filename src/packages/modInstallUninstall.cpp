@@ -25,7 +25,9 @@ std::string GameKeyPath(const std::string& name) { return std::string(GamesKey) 
 std::vector<std::string> LinesOf(const fs::path& file) {
     const fs::path found = FindFile(file.parent_path(), file.filename().string());
     if (found.empty()) throw Failure(FailureNumber::FileNotFound);
-    return Lines(ToUtf8(ReadFile(found, limits::SettingsBytes)));
+    std::vector<std::string> lines = Lines(ToUtf8(ReadFile(found, limits::SettingsBytes)));
+    if (lines.size() > limits::SettingsLines) throw Failure(FailureNumber::FileIoError, "Too many settings");
+    return lines;
 }
 
 /// Packages, sound archives, the settings and the trace lie beside what is unpacked: no entry may take their

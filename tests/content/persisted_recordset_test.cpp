@@ -112,15 +112,19 @@ std::string Repeated(const std::string& text, std::size_t times) {
 
 INSTANTIATE_TEST_SUITE_P(
     All, UnusableRecordsetTest,
-    testing::Values(Unusable{"Empty", ""}, Unusable{"NoXml", "Sequence,Top\n1,2\n"},
-                    Unusable{"Zeros", std::string(64, '\0')},
-                    Unusable{"NoSchema", "<xml " + Bindings + ">" + Both + "</xml>"},
-                    Unusable{"WrongEnd", Table("<rs:data></rs:date>")},
-                    Unusable{"OpenQuote", Table("<rs:data><z:row Number='1/></rs:data>")},
-                    Unusable{"NestedDeeply", Table(Repeated("<a>", 100'000) + Repeated("</a>", 100'000))},
-                    Unusable{"TooManyRows",
-                             Table("<rs:data>" + Repeated(Row1, limits::Rows + 1) + "</rs:data>")},
-                    Unusable{"TooLarge", Table(std::string(limits::ContentFileBytes, ' '))}),
+    testing::Values(
+        Unusable{"Empty", ""}, Unusable{"NoXml", "Sequence,Top\n1,2\n"},
+        Unusable{"Zeros", std::string(64, '\0')},
+        Unusable{"NoSchema", "<xml " + Bindings + ">" + Both + "</xml>"},
+        Unusable{"WrongEnd", Table("<rs:data></rs:date>")},
+        Unusable{"OpenQuote", Table("<rs:data><z:row Number='1/></rs:data>")},
+        Unusable{"NestedDeeply", Table(Repeated("<a>", 100'000) + Repeated("</a>", 100'000))},
+        Unusable{"TooManyAttributes", Table("<a" + Repeated(" b=''", limits::ElementAttributes + 1) + "/>")},
+        Unusable{"TooManyColumns", "<xml " + Bindings + "><s:Schema>" +
+                                       Repeated("<s:AttributeType name='x'/>", limits::Columns + 1) +
+                                       "</s:Schema>" + Both + "</xml>"},
+        Unusable{"TooManyRows", Table("<rs:data>" + Repeated(Row1, limits::Rows + 1) + "</rs:data>")},
+        Unusable{"TooLarge", Table(std::string(limits::ContentFileBytes, ' '))}),
     [](const auto& row) { return std::string(row.param.Name); });
 
 struct Cell {
@@ -155,8 +159,14 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& row) { return std::string(row.param.Name); });
 
 TEST(PersistedRecordsetTest, NumbersHaveTheirShortestText) {
-    const PersistedRecordset table(OneRow("Number='+007' Single='1.50' Text='01.0'"));
+    const std::string schema = ReplaceAll(Schema, "name='Text'><s:datatype dt:type='string'",
+                                          "name='Wide'><s:datatype dt:type='r8'/></s:AttributeType>"
+                                          "<s:AttributeType name='Text'><s:datatype dt:type='string'");
+    const PersistedRecordset table(
+        "<xml " + Bindings + ">" + schema +
+        "<rs:data><z:row Number='+007' Single='1.50' Wide='2.0' Text='01.0'/></rs:data></xml>");
     const auto& row = table.Rows()[0];
+    EXPECT_EQ(row.Text("Wide"), "2");
     EXPECT_EQ(row.Text("Number"), "7");
     EXPECT_EQ(row.Text("Single"), "1.5");
     EXPECT_EQ(row.Text("Text"), "01.0");
