@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <memory>
+#include <tuple>
 
 #include "packages/limits.h"
 #include "platform/failure.h"
@@ -53,7 +54,10 @@ bool CDecks::LoadFile() {
 
 void CDecks::AddRow(const PersistedRecordset::Row& row) {
     Extract("cards" + row.Text("Index") + ".xml");
-    Add(row.ToInteger("Index"), row.Text("Name"), row.Text("Bitmap"), row.Text("BitmapPath"), "");
+    // In braces, so that the cells are read, and fail, in this order.
+    const std::tuple cells{row.ToInteger("Index"), row.Text("Name"), row.Text("Bitmap"),
+                           row.Text("BitmapPath")};
+    std::apply([this](const auto&... cell) { Add(cell..., ""); }, cells);
     CheckCards();
 }
 

@@ -65,8 +65,6 @@ class CSpaces : private Collection<CSpace> {
     using Collection::begin;
     using Collection::Count;
     using Collection::end;
-    using Collection::Item;
-    using Collection::Remove;
 
     /// Whoever gets a space to change may give it another number, before anything is looked up again.
     CSpace& Item(int position) {
@@ -74,9 +72,18 @@ class CSpaces : private Collection<CSpace> {
         return Collection::Item(position);
     }
     const CSpace& Item(int position) const { return Collection::Item(position); }
+    CSpace& Item(std::string_view key) {
+        m_byNumber.clear();
+        return Collection::Item(key);
+    }
+    const CSpace& Item(std::string_view key) const { return Collection::Item(key); }
     void Remove(int position) {
         m_byNumber.clear();
         Collection::Remove(position);
+    }
+    void Remove(std::string_view key) {
+        m_byNumber.clear();
+        Collection::Remove(key);
     }
 
   private:

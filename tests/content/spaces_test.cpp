@@ -103,6 +103,16 @@ TEST_F(CSpacesTest, TheLastOfEqualNumbersIsFoundAndAllAreSet) {
     EXPECT_EQ(spaces.Item(3).message, "");
 }
 
+TEST_F(CSpacesTest, ASpaceThatIsGoneIsNotFoundByItsNumber) {
+    spaces.Add(1, 9, 0, 0, 0, 0, "", 0, 0, "first");
+    ASSERT_NE(spaces.ItemBySequence(1), nullptr);
+    spaces.Item("first").Sequence = 9;
+    EXPECT_EQ(spaces.ItemBySequence(1), nullptr);
+    ASSERT_NE(spaces.ItemBySequence(9), nullptr);
+    spaces.Remove("first");
+    EXPECT_EQ(spaces.ItemBySequence(9), nullptr);
+}
+
 TEST_F(CSpacesTest, TheNextNumberIsAboveTheHighest) {
     Add(-7);
     EXPECT_EQ(spaces.NextSequence(), -6);
