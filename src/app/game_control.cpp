@@ -55,6 +55,7 @@ void GameControl::cmdLoadGame_Click() {
 void GameControl::ShowSplash() {
     m_parts.frmSplash.SetUp(Required(m_form.Game));
     m_g.TheScreen.PumpEvents();
+    m_form.EndIfLeft();
     m_g.TheScreen.Sleep(SplashMilliseconds);
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "board/piece_pictures.h"
+#include "content/required.h"
 #include "platform/text.h"
 #include "presentation/text_fitting.h"
 
@@ -72,7 +73,7 @@ void DlgPlayers::GetData(const std::shared_ptr<CGame>& oGame, Integer& intPlayer
                          Array<bool>& bComputerPlayer, bool& Result) {
     Procedure(m_g.gErrHandler, "dlgPlayers:GetData", [&] {
         Game = oGame;
-        m_music.PlayGameMusic(Game->MusicGenre, "player_icon", true);
+        m_music.PlayGameMusic(Required(Game).MusicGenre, "player_icon", true);
         PlayerCount = 0;
         Selected = -1;
         Load();

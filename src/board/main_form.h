@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <functional>
 #include <memory>
 #include <string>
@@ -23,8 +24,12 @@ class MainForm : public Form {
     void ResizeObjects();
 
     /// The board's inner size in pixels.
-    int BoardWidth() const { return static_cast<int>(picMainBoard.Width / m_g.TheScreen.TwipsPerPixelX()); }
-    int BoardHeight() const { return static_cast<int>(picMainBoard.Height / m_g.TheScreen.TwipsPerPixelY()); }
+    int BoardWidth() const {
+        return static_cast<int>(std::lround(picMainBoard.Width / m_g.TheScreen.TwipsPerPixelX()));
+    }
+    int BoardHeight() const {
+        return static_cast<int>(std::lround(picMainBoard.Height / m_g.TheScreen.TwipsPerPixelY()));
+    }
 
     PlayState State;
     std::shared_ptr<CGame> Game;
@@ -37,6 +42,11 @@ class MainForm : public Form {
     std::function<void(Integer Sequence)> PieceLands;
     std::function<void(Integer ActionType)> ActionRuns;
     std::function<void(const CCard& Card)> CardDrawn;
+
+    /// To be called after events were served: who left the program then has no game to go on with.
+    void EndIfLeft() const {
+        if (!Game) throw ProgramEnd{};
+    }
 
     PictureButton cmdNew{*this, "cmdNew"};
     PictureButton cmdRoll{*this, "cmdRoll"};

@@ -86,6 +86,7 @@ void TurnDevices::RollOnce(DieValues& values) {
         while (frame < 1) frame = m_g.Random.Draw(24, -1);
         images.SetDieFrame(m_form.imgDice[die], frame);
         m_g.TheScreen.PumpEvents();
+        m_form.EndIfLeft();
         values.at(static_cast<std::size_t>(die)) = FaceOfFrame(frame);
     }
     m_g.TheScreen.Sleep(FrameMilliseconds);
@@ -94,7 +95,7 @@ void TurnDevices::RollOnce(DieValues& values) {
 void TurnDevices::SettleDouble(const DieValues& values) {
     const PlayState& state = m_form.State;
     if (!state.RollDouble[state.RuleA(state.WhoseTurn)]) return;
-    const int count = Required(m_form.Game).DiceUsed.Value();
+    const int count = std::max(0, Required(m_form.Game).DiceUsed.Value());
     const auto end = values.begin() + count;
     for (auto die = values.begin(); die != end; ++die) {
         if (std::count(values.begin(), end, *die) < 2) continue;
@@ -123,6 +124,7 @@ void TurnDevices::RunSlots() {
             doubles.ReDim(9);
             bool spun = false;
             m_frmSlots.GetData(values, game.DiceUsed, game.MaxSlotValue.Value(), spun);
+            m_form.EndIfLeft();
             if (spun) {
                 Tally(values, doubles);
                 SettleDouble(doubles);
@@ -146,7 +148,7 @@ void TurnDevices::Tally(const Array<Integer>& values, Array<Integer>& doubles) {
 void TurnDevices::SettleDouble(const Array<Integer>& doubles) {
     const PlayState& state = m_form.State;
     if (!state.RollDouble[state.RuleA(state.WhoseTurn)]) return;
-    const int count = Required(m_form.Game).DiceUsed.Value();
+    const int count = std::max(0, Required(m_form.Game).DiceUsed.Value());
     for (int pair = 0; pair < count * count; ++pair) {
         const int one = pair / count;
         const int other = pair % count;

@@ -45,6 +45,30 @@ TEST(DiceTest, EachFrameHasItsFace) {
     }
 }
 
+TEST(DiceTest, WhoLeavesDuringTheRollIsShownNothingMore) {
+    DeviceTable table(2);
+    table.Random.Numbers.assign(3, PlayTable::FrameNumber(1));  // one for the number of rounds
+    Timer& anyTimer = table.Form().timerOverviewSpace;
+    anyTimer.Tick = [&] { table.Form().Game.reset(); };
+    anyTimer.DueAt = table.TheScreen.Milliseconds();
+    anyTimer.Enabled = true;
+    EXPECT_THROW(table.devices.RollDice(), ProgramEnd);
+    EXPECT_THAT(table.Random.Numbers, testing::SizeIs(1)) << "the second die is not rolled";
+}
+
+struct Countless : testing::TestWithParam<int> {};
+
+TEST_P(Countless, DevicesCelebrateNothing) {
+    DeviceTable table(Rules{.TurnDevice = GetParam(), .DiceUsed = -3, .MaxSlotValue = 9});
+    table.Random.Numbers = {0.5f};
+    table.State().RollDouble = {true, true, true, true};
+    (table.devices.*(GetParam() == Device::Dice ? &TurnDevices::RollDice : &TurnDevices::RunSlots))();
+    EXPECT_TRUE(table.State().RollDouble[table.State().RuleA(table.State().WhoseTurn)]);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Countless, testing::Values(Device::Dice, Device::Slots),
+                         [](const auto& row) { return row.param == Device::Dice ? "Dice" : "Slots"; });
+
 TEST(DiceTest, FramesBelowOneAreDrawnAgainAndNoneIsAbove22) {
     DeviceTable table(1);
     const float least = 0;
