@@ -19,11 +19,11 @@ void CardDraw::DrawCard(Integer DeckIndex, bool& ReturnToPrevious, Integer& /*Pr
 CardDraw::Outcome CardDraw::Ask(CCard& card) {
     PlayState& state = m_form.State;
     Outcome outcome;
-    Integer triesLeft = m_form.Game->Tries;
+    Integer TriesLeft = m_form.Game->Tries;
     bool startMusic = true;
     bool ignored = false;
     do {
-        m_dlgDrawCard.GetData(m_form.Game, card, outcome.CardAction, outcome.CardData1, triesLeft,
+        m_dlgDrawCard.GetData(m_form.Game, card, outcome.CardAction, outcome.CardData1, TriesLeft,
                               state.CardFinished, outcome.Correct,
                               state.IsComputer[PlayState::RuleC(state.WhoseTurn)], startMusic, ignored);
         startMusic = false;

@@ -45,9 +45,9 @@ void Movement::TestEndOfBoard(Integer position, Integer slot) {
     if (state.GoalType != Goal::EndOfBoard || position < last || game.LoopBoard) return;
     const auto draw = [&] { m_pieces.DrawPlayers(); };
     if (game.FinishCondition == 0) {
-        EndGame("Game Over!  \r\n" + state.Name[slot] + " won!", draw);
+        EndGame([&] { return "Game Over!  \r\n" + state.Name[slot] + " won!"; }, draw);
     } else if (state.PlayersInSpace(position) == state.PlayerCount) {
-        EndGame("Everyone finished!\r\nCongratulations!", draw);
+        EndGame([] { return "Everyone finished!\r\nCongratulations!"; }, draw);
     }
 }
 

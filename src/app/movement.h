@@ -24,9 +24,10 @@ class Movement {
     /// not act.
     void MovePlayerAction(Integer Player, Integer Amount, Integer MoveType, bool& ReturnToPrevious,
                           std::optional<Integer> StartValue = {});
-    /// Celebrates and tells the end of the game. `drawPieces` brings the pieces back onto the board.
-    template <class DrawPieces>
-    void EndGame(const std::string& text, DrawPieces drawPieces);
+    /// Celebrates and tells the end of the game. `drawPieces` brings the pieces back onto the board, and `text`
+    /// is asked after it.
+    template <class Text, class DrawPieces>
+    void EndGame(Text text, DrawPieces drawPieces);
 
   private:
     Integer Wrapped(Integer position);
@@ -43,15 +44,15 @@ class Movement {
     DlgMsgOk& m_dlgMsgOk;
 };
 
-template <class DrawPieces>
-void Movement::EndGame(const std::string& text, DrawPieces drawPieces) {
+template <class Text, class DrawPieces>
+void Movement::EndGame(Text text, DrawPieces drawPieces) {
     m_form.shpSpaceOverview.FillColor = MarkerWonColour;
     m_form.timerOverviewSpace.Enabled = false;
     m_music.StopGameMusic();
     m_music.PlayGameMusic(m_form.Game->MusicGenre, "won_game", false);
     m_board.DrawSpaces();
     drawPieces();
-    m_dlgMsgOk.ShowMessage(*m_form.Game, text, false, false);
+    m_dlgMsgOk.ShowMessage(*m_form.Game, text(), false, false);
     m_form.State.GameOver = true;
     m_form.State.GameInProgress = false;
     m_form.State.GamePlayed = true;

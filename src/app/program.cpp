@@ -33,9 +33,9 @@ void Program::Main() {
     Procedure(globals.gErrHandler, "modMain:Main", [&] {
         globals.AppDir = m_dataDirectory;
         globals.SmallFonts = IsSmallFonts(globals.TheScreen);
-        WarnOfDataDirectory();
         frmGameMusic.Load();
         frmTabulonSplash.Show();
+        WarnOfDataDirectory();
         frmMain.Load();
     });
 }

@@ -78,8 +78,9 @@ void TurnCycle::TestWinByPoints() {
     if (state.GoalType != Goal::Points && state.GoalType != Goal::Money) return;
     if (state.Points[PlayState::RuleB(state.WhoseTurn)].Value() < Required(m_form.Game).FinishCondition)
         return;
-    m_movement.EndGame("Game Over!  \r\n" + state.Name[state.RuleA(state.WhoseTurn)] + " won!",
-                       [&] { m_pieces.Draw(); });
+    m_movement.EndGame(
+        [&] { return "Game Over!  \r\n" + state.Name[state.RuleA(state.WhoseTurn)] + " won!"; },
+        [&] { m_pieces.Draw(); });
 }
 
 // The walk looks at every seat from the next one on, and each bankrupt one pushes the turn one further, also

@@ -83,9 +83,9 @@ void BoardView::CountRound(Integer index) {
 void BoardView::SetOverviewSpace(const CSpace& space) {
     Procedure(m_g.gErrHandler, "frmMain:SetOverviewSpace", [&] {
         const Image& overview = m_form.imgOverview;
-        const FilePicture& picture = Required(m_boardPicture);
         const double x = Quotient(space.Left, XFactor);
         const double y = Quotient(space.Top, YFactor);
+        const FilePicture& picture = Required(m_boardPicture);
         const double scaleX = static_cast<double>(overview.Width) / picture.Width;
         const double scaleY = static_cast<double>(overview.Height) / picture.Height;
         m_form.shpSpaceOverview.Left = static_cast<float>(x * scaleX + overview.Left);

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include <algorithm>
+
 #include "presentation/modRepositioner.h"
 
 namespace tabulon {
@@ -82,7 +84,8 @@ void FrmSlots::PositionObjects(Integer intSlotsUsed) {
     Procedure(m_g.gErrHandler, "frmSlots:PositionObjects", [&] {
         const int reels = intSlotsUsed.Value();
         const double w = m_g.SmallFonts ? 7335 : 6800;
-        picFrame.Width = static_cast<float>(w / 6 * reels + 93.0 / 6 * reels);
+        const int columns = std::min(reels, ReelCount);  // more fail later; no window must be that wide
+        picFrame.Width = static_cast<float>(w / 6 * columns + 93.0 / 6 * columns);
         if (reels == 1) picFrame.Width += 93;
         picFrame.Left = 0;
         Width = picFrame.Width;

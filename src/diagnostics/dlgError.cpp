@@ -79,8 +79,21 @@ void DlgError::DesignTexts() {
 void DlgError::SetData(const std::string& Details) {
     Load();
     lblDetails.Caption = DoubleAmpersands(Details);
+    ShowDetailsWhole();
     // A timer that fails again and again must not open one wait inside the other.
     if (!Visible) ShowModal();
+}
+
+// A fitting that reports its own failures would report into this dialog.
+void DlgError::ShowDetailsWhole() {
+    constexpr int smallest = 5;
+    const float twips = m_g.TheScreen.TwipsPerPixelX();
+    const int width = static_cast<int>(lblDetails.Width / twips);
+    const int height = static_cast<int>(lblDetails.Height / twips);
+    lblDetails.Font.Size = DesignSize(m_g).FontSize;
+    while (lblDetails.Font.Size > smallest &&
+           m_g.TheScreen.TextHeight(lblDetails.Font, lblDetails.Caption, width) > height)
+        --lblDetails.Font.Size;
 }
 
 void DlgError::cmdSend_Click() {

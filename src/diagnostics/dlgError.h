@@ -41,6 +41,7 @@ class DlgError : public Form {
     void DesignPlaces();
     void DesignTexts();
     void cmdSend_Click();
+    void ShowDetailsWhole();
     void SendLog();
     bool HasNameAndAddress();
     void WarnOfNoConnection();

@@ -50,6 +50,7 @@ QString ToolTip(std::string_view text) {
 }
 
 int WrappedTextHeight(const Font& font, std::string_view text, int width) {
+    if (text.empty()) return 0;
     const QRect room(0, 0, std::max(1, width), AnyHeight);
     return QFontMetrics(ToQt(font)).boundingRect(room, LabelTextFlags, ToQt(text)).height();
 }

@@ -208,7 +208,7 @@ TEST_F(BoardViewTest, WithoutAPictureOnlyTheMarkerFails) {
     game->Spaces.Add(1, 0, 0, 10, 10, 0, "", 0, 0, "");
     Seat(1, false, {1});
     view.DrawSpaces();
-    EXPECT_THAT(machine.Errors, ElementsAre("frmMain:SetOverviewSpace 91"));
+    EXPECT_THAT(machine.Errors, ElementsAre("frmMain:SetOverviewSpace 11"));
     EXPECT_EQ(frmMain.lblRound.Caption, "Round 1");
 }
 
