@@ -65,10 +65,9 @@ class Stream {
     /// The mixer's own marks, at which it would go back.
     bool HasLoopMarks() {
         const vorbis_comment* comments = ov_comment(&m_file, -1);
-        return std::any_of(comments->user_comments, comments->user_comments + comments->comments,
-                           [](const char* comment) {
-                               return EqualNoCase(std::string_view(comment).substr(0, 4), "loop");
-                           });
+        return std::any_of(
+            comments->user_comments, comments->user_comments + comments->comments,
+            [](const char* comment) { return EqualNoCase(std::string_view(comment).substr(0, 4), "loop"); });
     }
     /// Whether the stream decodes to as much as it must at least give.
     bool IsLongEnough() {
@@ -96,7 +95,8 @@ bool IsOneStream(std::string_view ogg) {
     constexpr unsigned beginning = 2;
     int streams = 0;
     for (std::size_t at = ogg.find(page); at < ogg.size() && streams < 2; at = ogg.find(page, at + 1))
-        if (at + flags < ogg.size() && (static_cast<unsigned char>(ogg[at + flags]) & beginning) != 0) ++streams;
+        if (at + flags < ogg.size() && (static_cast<unsigned char>(ogg[at + flags]) & beginning) != 0)
+            ++streams;
     return ogg.starts_with(page) && streams == 1;
 }
 

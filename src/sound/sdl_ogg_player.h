@@ -44,7 +44,7 @@ class SdlOggPlayer final : public OggPlayer {
     bool m_loop = false;
     std::thread m_opening;
     mutable std::mutex m_mutex;
-    bool m_opened = false;   // the attempt is over
+    bool m_opened = false;  // the attempt is over
     bool m_hasDevice = false;
     bool m_waits = false;    // for the device
     bool m_repeats = false;  // the sound that waits or plays

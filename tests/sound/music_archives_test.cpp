@@ -60,7 +60,9 @@ bool SoundsToTheEnd(const Samples& samples) {
 
 class MusicArchive : public testing::TestWithParam<const char*> {
   protected:
-    std::filesystem::path File() const { return std::filesystem::path(Folder) / (GetParam() + std::string(".snd")); }
+    std::filesystem::path File() const {
+        return std::filesystem::path(Folder) / (GetParam() + std::string(".snd"));
+    }
 };
 
 TEST_P(MusicArchive, HasEachEventAsItShouldSound) {
@@ -98,7 +100,8 @@ TEST(MusicArchives, AreSmallTogether) {
 TEST(Loudness, IsThatOfTheStandard) {
     Samples tone(2 * 44100 * 3);
     for (std::size_t i = 0; i < tone.size(); ++i)
-        tone[i] = static_cast<std::int16_t>(32767 * std::sin(2 * 3.14159265358979 * 997 * static_cast<double>(i / 2) / Rate));
+        tone[i] = static_cast<std::int16_t>(
+            32767 * std::sin(2 * 3.14159265358979 * 997 * static_cast<double>(i / 2) / Rate));
     EXPECT_NEAR(test::Loudness(tone), 0.0, 0.05);
     for (std::size_t i = 0; i < tone.size(); i += 2) tone[i] = 0;
     EXPECT_NEAR(test::Loudness(tone), -3.01, 0.05);
@@ -107,7 +110,8 @@ TEST(Loudness, IsThatOfTheStandard) {
 TEST(Seam, IsHeardWhereTheWaveBreaks) {
     Samples wave;
     for (int i = 0; i < 44100; ++i)
-        wave.insert(wave.end(), 2, static_cast<std::int16_t>(8000 * std::sin(2 * 3.14159265358979 * 100.5 * i / Rate)));
+        wave.insert(wave.end(), 2,
+                    static_cast<std::int16_t>(8000 * std::sin(2 * 3.14159265358979 * 100.5 * i / Rate)));
     EXPECT_TRUE(IsSeamless(wave)) << "half a turn too long, and as steep on both sides";
     std::rotate(wave.begin(), wave.begin() + 2 * 110, wave.end());
     EXPECT_TRUE(IsSeamless(wave));

@@ -46,7 +46,13 @@ class MusicPlayed : public testing::Test {
     test::TestMachine machine;
     Listener listener{machine.Folder.Path()};
     std::unique_ptr<SdlOggPlayer> player = std::make_unique<SdlOggPlayer>();
-    Globals g{{machine.TheScreen, machine.Clock, machine.Random, machine.Shell, *player, machine.Store, {},
+    Globals g{{machine.TheScreen,
+               machine.Clock,
+               machine.Random,
+               machine.Shell,
+               *player,
+               machine.Store,
+               {},
                machine.AppDir()}};
     modInstallUninstall packages{g};
     FrmGameMusic music{g, packages};
@@ -98,10 +104,11 @@ TEST_F(MusicPlayed, WithSoundOffNotEvenTheDeviceOpens) {
 TEST_F(MusicPlayed, WhatCannotBePlayedIsSilentAndNoFailure) {
     const std::string good = test::Encode({});
     g.MusicPath = machine.Folder.Path();
-    test::WriteZip(machine.Folder / "polka.snd", {{"text.ogg", "no sound"},
-                                                  {"cut.ogg", good.substr(0, good.size() / 2)},
-                                                  {"endless.ogg", test::Encode({.Seconds = 0, .StatedLength = 44100})},
-                                                  {"good.ogg", good}});
+    test::WriteZip(machine.Folder / "polka.snd",
+                   {{"text.ogg", "no sound"},
+                    {"cut.ogg", good.substr(0, good.size() / 2)},
+                    {"endless.ogg", test::Encode({.Seconds = 0, .StatedLength = 44100})},
+                    {"good.ogg", good}});
     for (const char* event : {"text", "cut", "endless", "missing"}) {
         music.PlayGameMusic("polka", event, true);
         EXPECT_NE(music.Status(), "playing") << event;

@@ -86,9 +86,9 @@ TEST_F(SdlOggPlayerTest, AStopBeforeTheDeviceIsOpenIsAStop) {
 
 TEST_F(SdlOggPlayerTest, PassesOverWhatIsNoSoundAndPlaysOn) {
     std::filesystem::create_directory(folder / "folder.ogg");
-    const std::filesystem::path rows[] = {
-        folder / "missing.ogg", folder / "folder.ogg", Write("text.ogg", "not a sound"),
-        Write("cut.ogg", low.substr(0, 3000)), Write("empty.ogg", "")};
+    const std::filesystem::path rows[] = {folder / "missing.ogg", folder / "folder.ogg",
+                                          Write("text.ogg", "not a sound"),
+                                          Write("cut.ogg", low.substr(0, 3000)), Write("empty.ogg", "")};
     for (const std::filesystem::path& row : rows) {
         Play(row, true);
         EXPECT_NE(player->Status(), "playing") << row;

@@ -124,7 +124,8 @@ std::string Damage(std::string ogg, std::size_t at) {
         if (page + header > ogg.size()) break;
         const std::size_t body = std::accumulate(bytes + page + fixedHeader, bytes + page + header, 0UL);
         if (page + header + body > ogg.size()) break;
-        ogg_page whole{bytes + page, static_cast<long>(header), bytes + page + header, static_cast<long>(body)};
+        ogg_page whole{bytes + page, static_cast<long>(header), bytes + page + header,
+                       static_cast<long>(body)};
         ogg_page_checksum_set(&whole);
         page += header + body;
     }

@@ -12,9 +12,9 @@ struct Tone {
     double Seconds = 0.5;
     int Channels = 2;
     int Rate = 44100;
-    int StatedRate = 0;              // in place of the true one
-    std::int64_t StatedLength = 0;   // in frames; in place of the true one
-    const char* Comment = nullptr;   // NAME=value
+    int StatedRate = 0;             // in place of the true one
+    std::int64_t StatedLength = 0;  // in frames; in place of the true one
+    const char* Comment = nullptr;  // NAME=value
 };
 
 std::string Encode(const Tone& tone);
