@@ -18,6 +18,7 @@ QString KeyOf(const QString& file, const QString& fragment) {
 }  // namespace
 
 TopicTree::TopicTree(const std::vector<HelpTopic>& topics) {
+    setHeaderLabel("Pages");
     setHeaderHidden(true);
     setAccessibleName("Contents");
     setUniformRowHeights(true);

@@ -36,6 +36,8 @@ class Desktop:
             pass_fds=[write_end], stderr=subprocess.DEVNULL))
         os.environ["DISPLAY"] = ":" + os.read(read_end, 16).decode().strip()
         os.environ["XDG_RUNTIME_DIR"] = str(self.folder)
+        # The accessibility bus has its socket there too, out of the way of another test's.
+        subprocess.run(["dbus-update-activation-environment", "XDG_RUNTIME_DIR"], check=True)
         os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
         os.environ.pop("QT_QPA_PLATFORM", None)
         os.environ.pop("QT_ACCESSIBILITY", None)
@@ -94,10 +96,11 @@ class Desktop:
     def applications(self):
         desktop = Atspi.get_desktop(0)
         desktop.set_cache_mask(Atspi.Cache.NONE)  # a program that starts later would not be seen
-        programs = [desktop.get_child_at_index(i) for i in range(desktop.get_child_count())]
+        children = [desktop.get_child_at_index(i) for i in range(desktop.get_child_count())]
+        programs = [program for program in children if program]  # one may have ended while we looked
         for program in programs:
             program.set_cache_mask(Atspi.Cache.NONE)  # what it was told of is never up to date
-        return [program for program in programs if program]
+        return programs
 
     def collect(self, node, found):
         try:
