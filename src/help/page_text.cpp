@@ -4,6 +4,7 @@
 
 #include "help/html_reader.h"
 #include "help/limits.h"
+#include "platform/text.h"
 
 namespace tabulon {
 
@@ -14,6 +15,8 @@ constexpr std::string_view Inline[] = {"a",  "abbr", "b",    "big",  "code",   "
                                        "tt", "u",    "img",  "cite", "dfn",    "var"};
 constexpr std::string_view WithoutEnd[] = {"area", "base",  "br",   "col",  "hr",
                                            "img",  "input", "link", "meta", "param"};
+
+constexpr std::string_view NoBreakSpace = "\u00A0";
 
 template <class Names>
 bool IsOneOf(std::string_view name, const Names& names) {
@@ -39,7 +42,7 @@ class TextReader final : public HtmlVisitor {
     }
     void Text(std::string_view text) override {
         std::string& to = m_inTitle ? Result.Title : Result.Text;
-        for (const char c : text) {
+        for (const char c : ReplaceAll(text, NoBreakSpace, " ")) {
             const bool blank = c == ' ' || c == '\t' || c == '\r' || c == '\n';
             const bool begins = to.empty() || to.back() == '\n' || to.back() == ' ';
             if (!blank)

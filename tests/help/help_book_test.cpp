@@ -126,7 +126,7 @@ TEST(PageTextTest, IsWhatCanBeRead) {
         {"breaks and rows", "a<br>b<table><tr><td>c<td>d</table>e", "", "a\nb\nc\nd\ne"},
         {"no scripts and styles", "<script>alert('x<p>y')</script><style>p{}</style>a<!-- b -->c", "", "ac"},
         {"not closed", "<p>a <b>b <a href='x", "", "a b"},
-        {"a NUL ends nothing", "a<p>b", "", "a\nb"},
+        {"spaces that do not break", "a&nbsp;&nbsp; b&#160;c", "", "a b c"},
     };
     for (const auto& row : rows) {
         const PageText page = ReadPageText(row.html);
