@@ -72,6 +72,7 @@ std::string Archive::Read(std::size_t entry) {
 }
 
 bool Archive::Open() {
+    if (m_file.empty()) return false;  // the library would read the standard input
     m_reader.reset(archive_read_new());
     m_next = 0;
     m_headers = 0;

@@ -1,7 +1,9 @@
 #include "packages/archive.h"
 
 #include <cstdlib>
+#include <fcntl.h>
 #include <gmock/gmock.h>
+#include <unistd.h>
 
 #include "packages/archive_writer.h"
 #include "packages/limits.h"
@@ -80,6 +82,17 @@ TEST_F(ArchiveTest, WhatIsNoArchiveHasNoEntries) {
     EXPECT_THAT(Archive(file).Names(), IsEmpty());
     WriteFile(file, "PK no zip at all");
     EXPECT_THAT(Archive(file).Names(), IsEmpty());
+}
+
+TEST_F(ArchiveTest, NoNameIsNotTheStandardInput) {
+    WriteSmallGame();
+    const int before = dup(STDIN_FILENO);
+    const int package = open(file.c_str(), O_RDONLY);
+    dup2(package, STDIN_FILENO);
+    EXPECT_THAT(Archive("").Names(), IsEmpty());
+    dup2(before, STDIN_FILENO);
+    close(package);
+    close(before);
 }
 
 TEST_F(ArchiveTest, KnowsWhenTheFileIsAnother) {
