@@ -45,6 +45,7 @@ class MeasuringScreen final : public Screen {
 
 struct MeasuringMachine {
     explicit MeasuringMachine(int pixelsPerInch = 96) : screen(pixelsPerInch) {
+        g.AppDir = machine.AppDir();
         g.gErrHandler.ShowDetails = [](const std::string&) {};
         g.gErrHandler.AfterHandlerCalled = [this] { errors.push_back(g.gErrHandler.ErrorProc); };
     }
