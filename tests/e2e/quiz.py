@@ -35,34 +35,18 @@ def answer_cards(desktop):
     for press in (desktop.key, lambda letter: desktop.click(label(desktop, letter))):
         play_until_a_card_comes(desktop)
         desktop.screenshot("card")
-        answer(desktop, press)
+        table.answer(desktop, press)
 
 
 def play_until_a_card_comes(desktop):
-    while not card(desktop):
+    while not table.card(desktop):
         desktop.wait_for("a turn", lambda: table.turn_button(desktop))
         table.take_turn(desktop, by_key=True)
-        table.finish_turn(desktop, card)
-
-
-def card(desktop):
-    return desktop.dialog("Question")
+        table.finish_turn(desktop, at_card=None)
 
 
 def label(desktop, letter):
     return desktop.nodes("label", letter.upper() + ")")[0]
-
-
-def answer(desktop, press):
-    """Tries one letter after the other until the card is settled; there are two tries."""
-    for letter in "abcd":
-        press(letter)
-        desktop.wait_for(f"what {letter} brings", lambda: table.open_message(desktop))
-        table.close_messages(desktop)
-        desktop.wait_for("the card or the next turn", lambda: card(desktop) or table.turn_button(desktop))
-        if not card(desktop):
-            return
-    raise AssertionError("no letter settles the card")
 
 
 if __name__ == "__main__":

@@ -63,6 +63,9 @@ def close_messages(desktop):
 
 
 def turn_button(desktop):
+    """The button of the turn, which cannot be used while a dialog is up."""
+    if desktop.nodes("dialog"):
+        return None
     return desktop.button("Roll dice") or desktop.button("Spin slots") or desktop.button("Pass")
 
 
@@ -98,14 +101,35 @@ def take_turn(desktop, by_key):
         desktop.wait_for("the turn to begin", lambda: not desktop.enabled(button))
 
 
-def finish_turn(desktop, card=lambda desktop: None):
-    """Closes the messages of a turn that has begun, until the next turn can be taken or a card asks."""
+def card(desktop):
+    return desktop.dialog("Question")
+
+
+def answer(desktop, press=None):
+    """Tries one letter after the other, by key if not told otherwise, until the card is settled."""
+    for letter in "abcd":
+        (press or desktop.key)(letter)
+        desktop.wait_for(f"what {letter} brings", lambda: open_message(desktop))
+        close_messages(desktop)
+        desktop.wait_for("the card or what comes after it", lambda: card(desktop) or open_message(desktop) or
+                         turn_button(desktop))
+        if not card(desktop):
+            return
+    raise AssertionError("no letter settles the card")
+
+
+def finish_turn(desktop, at_card=answer):
+    """Closes the messages of a turn that has begun, and settles its card, until the next turn can be taken. Without
+    at_card it ends at a card."""
     while True:
         desktop.wait_for("the end of the turn", lambda: open_message(desktop) or card(desktop) or turn_button(desktop),
                          120)
-        if not open_message(desktop):
+        if open_message(desktop):
+            close_messages(desktop)
+        elif card(desktop) and at_card:
+            at_card(desktop)
+        else:
             return
-        close_messages(desktop)
 
 
 def leave(desktop):
