@@ -38,6 +38,7 @@ bool HasDisplay() {
 int PlayInWindow(int argc, char** argv, const ApplicationInfo& application,
                  const std::filesystem::path& dataDirectory, SettingsStore& store) {
     QApplication qt(argc, argv);
+    QtScreen::PrepareDensity();
     Look::ApplyTo(qt);
     QtScreen screen(application.ShareDir / "pictures", application.Title);
     QtShell shell(application.Executable, dataDirectory);

@@ -55,6 +55,11 @@ QtScreen::~QtScreen() {
     SetMousePointer(MousePointer::Default);
 }
 
+void QtScreen::PrepareDensity() {
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
+        Qt::HighDpiScaleFactorRoundingPolicy::RoundPreferFloor);
+}
+
 int QtScreen::Run() {
     while (!LoadedForms().empty()) {
         try {

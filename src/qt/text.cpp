@@ -1,6 +1,8 @@
 #include "qt/text.h"
 
 #include <QFontMetrics>
+#include <QGuiApplication>
+#include <QScreen>
 #include <QTextDocument>
 #include <algorithm>
 #include <cmath>
@@ -8,8 +10,18 @@
 namespace tabulon {
 
 namespace {
+
 constexpr int AnyHeight = 1 << 20;
+constexpr double SmallFontsDensity = 96;
+constexpr double LargeFontsDensity = 120;
+
+/// Sizes are chosen for two densities. At any other, letters get as many pixels as with large fonts.
+double DensityFactor() {
+    const double density = QGuiApplication::primaryScreen()->logicalDotsPerInchX();
+    return density == SmallFontsDensity ? 1 : LargeFontsDensity / density;
 }
+
+}  // namespace
 
 QString ToQt(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
@@ -18,7 +30,8 @@ QString ToQt(std::string_view utf8) {
 std::string FromQt(const QString& text) { return text.toStdString(); }
 
 QFont ToQt(const Font& font) {
-    QFont result(ToQt(font.Name), std::max(1, font.Size));
+    QFont result(ToQt(font.Name));
+    result.setPointSizeF(std::max(1, font.Size) * DensityFactor());
     result.setBold(font.Bold);
     return result;
 }
