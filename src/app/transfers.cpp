@@ -22,7 +22,7 @@ void Transfers::AddPointsToPlayer(Integer Player, Integer Amount) {
 void Transfers::SelectPlayerPiece(Integer Player) {
     Procedure(m_g.gErrHandler, "frmMain:SelectPlayerPiece", [&] {
         for (int seat = 1; seat <= MaxSeats; ++seat)
-            ColourPlate(seat, Player == seat ? PlateColour::Current : PlateColour::Other);
+            m_form.ColourPlate(seat, Player == seat ? PlateColour::Current : PlateColour::Other);
     });
 }
 
@@ -55,7 +55,7 @@ void Transfers::PayEachPlayer(Integer player, Integer amount) {
             if (player != i) AddPointsToPlayer(i, amount);
         }
         AddPointsToPlayer(player, -due);
-        ColourPlate(player, PlateColour::Other);
+        m_form.ColourPlate(player, PlateColour::Other);
     } else if (state.Points[player] >= 1) {
         GoBankrupt(player);
     }
@@ -70,7 +70,7 @@ void Transfers::GoBankrupt(Integer player) {
     }
     state.Points[player] = 0;
     state.Done[player] = true;
-    ColourPlate(player, PlateColour::Bankrupt);
+    m_form.ColourPlate(player, PlateColour::Bankrupt);
 }
 
 void Transfers::CollectFromEach(Integer player, Integer amount) {
@@ -80,7 +80,7 @@ void Transfers::CollectFromEach(Integer player, Integer amount) {
         if (state.Points[i] - amount > 0) {
             AddPointsToPlayer(player, amount);
             AddPointsToPlayer(i, -amount);
-            ColourPlate(i, PlateColour::Other);
+            m_form.ColourPlate(i, PlateColour::Other);
         } else {
             PayAll(i, player);
         }
@@ -92,12 +92,7 @@ void Transfers::PayAll(Integer player, Integer receiver) {
     AddPointsToPlayer(receiver, state.Points[player]);
     AddPointsToPlayer(player, -state.Points[player]);
     state.Done[player] = true;
-    ColourPlate(player, PlateColour::Bankrupt);
-}
-
-void Transfers::ColourPlate(Integer player, Colour colour) {
-    m_form.lblName[player - 1].ForeColor = colour;
-    m_form.lblPoints[player - 1].ForeColor = colour;
+    m_form.ColourPlate(player, PlateColour::Bankrupt);
 }
 
 }  // namespace tabulon

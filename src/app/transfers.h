@@ -22,7 +22,6 @@ class Transfers {
     void GoBankrupt(Integer player);
     void CollectFromEach(Integer player, Integer amount);
     void PayAll(Integer player, Integer receiver);
-    void ColourPlate(Integer player, Colour colour);
 
     Globals& m_g;
     MainForm& m_form;

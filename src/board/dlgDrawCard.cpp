@@ -13,6 +13,12 @@ namespace {
 
 constexpr int RowCount = 4;
 constexpr float OffScreen = -100000;  // twips
+constexpr Colour TextOnCard{27, 42, 65};
+
+// Pixels. Between two rows is room for the picture at the bottom, since the dialog may end there.
+constexpr int FirstRow = 140;
+constexpr int RowStep = 101;
+constexpr int RowHeight = 86;
 
 bool IsBlank(const std::string& text) { return text.empty() || text == " "; }
 
@@ -32,13 +38,20 @@ DlgDrawCard::DlgDrawCard(Globals& g, FrmGameMusic& music, DlgMsgOk& dlgMsgOk)
 
 void DlgDrawCard::Design() {
     Caption = "Question";
+    imgQuestion.Picture = Picture::Product("product/question");
     lblQuestion.ToolTipText = "Here's the question...";
+    lblQuestion.ForeColor = TextOnCard;
+    lblQuestion.Centred = true;
     for (int i = 0; i < RowCount; ++i) {
         const std::string letter(1, static_cast<char>('A' + i));
         lblIdentifier[i].Caption = "&" + letter + ")";
         lblIdentifier[i].ToolTipText = "Click here, or tap the letter \"" + letter + "\"";
         lblAnswer[i].ToolTipText = lblIdentifier[i].ToolTipText;
-        lblIdentifier[i].Visible = lblAnswer[i].Visible = true;
+        lblIdentifier[i].ForeColor = TextOnCard;
+        lblIdentifier[i].Centred = true;
+        lblIdentifier[i].TabStop = false;
+        imgAnswer[i].Picture = Picture::Product("product/answer");
+        imgAnswer[i].Visible = lblIdentifier[i].Visible = lblAnswer[i].Visible = true;
     }
     imgBottom.Picture = Picture::Product("product/card-bottom");
     Timer1.Enabled = false;
@@ -49,11 +62,14 @@ void DlgDrawCard::Design() {
 void DlgDrawCard::RepositionElements() {
     Procedure(m_g.gErrHandler, "dlgDrawCard:RepositionElements", [&] {
         PositionForm(m_g, *this, 455, 544, 0);
-        PositionObjects(m_g, {{&lblQuestion, 16, 14, 423, 156, 18, 14}, {&imgBottom, 8, 515, 439, 24}});
+        PositionObjects(m_g, {{&imgQuestion, 8, 8, 439, 124},
+                              {&lblQuestion, 20, 14, 415, 108, 18, 14},
+                              {&imgBottom, 8, 529, 439, 10}});
         for (int i = 0; i < RowCount; ++i) {
-            const int top = 180 + i * 84;
-            PositionObjects(m_g, {{&lblIdentifier[i], 12, top, 48, 54, 18, 14},
-                                  {&lblAnswer[i], 60, top, 380, 54, 16, 13}});
+            const int top = FirstRow + i * RowStep;
+            PositionObjects(m_g, {{&imgAnswer[i], 8, top, 439, RowHeight},
+                                  {&lblIdentifier[i], 16, top, 44, RowHeight, 18, 14},
+                                  {&lblAnswer[i], 64, top, 376, RowHeight, 16, 13}});
         }
     });
 }
@@ -100,7 +116,7 @@ void DlgDrawCard::RepositionObjects() {
     Procedure(m_g.gErrHandler, "dlgDrawCard:RepositionObjects", [&] {
         for (int i = RowCount - 1; i >= 1; --i) {
             if (!IsBlank(lblAnswer[i].Caption)) continue;
-            lblAnswer[i].Visible = lblIdentifier[i].Visible = false;
+            imgAnswer[i].Visible = lblAnswer[i].Visible = lblIdentifier[i].Visible = false;
             Height = lblAnswer[i].Top;
         }
         imgBottom.Top = Height - imgBottom.Height - 5;

@@ -21,6 +21,8 @@ class DlgDrawCard : public Form {
                  Integer& intTries, bool& bDone, bool& bCorrect, bool bIsComputer, bool bStartMusic,
                  bool& Result);
 
+    Image imgQuestion{*this, "imgQuestion"};
+    ControlArray<Image, 4> imgAnswer{*this, "imgAnswer"};
     Label lblQuestion{*this, "lblQuestion"};
     ControlArray<Label, 4> lblIdentifier{*this, "lblIdentifier"};
     ControlArray<Label, 4> lblAnswer{*this, "lblAnswer"};

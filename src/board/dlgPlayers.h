@@ -28,6 +28,7 @@ class DlgPlayers : public Form {
     Shape shpCollections{*this, "shpCollections"};
     ComboBox cmbPlayingPieceCollections{*this, "cmbPlayingPieceCollections"};
     Shape shpPlayers{*this, "shpPlayers"};  // a light ground for the rows, whose text is black and red
+    Shape shpPieces{*this, "shpPieces"};
     ControlArray<Image, MaxSeats> imgHolder{*this, "imgHolder"};
     ControlArray<Label, MaxSeats> lblHolder{*this, "lblHolder"};
     ControlArray<Image, 12> imgPlayingPiece{*this, "imgPlayingPiece"};

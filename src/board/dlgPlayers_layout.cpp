@@ -12,7 +12,7 @@ constexpr const char* Ordinals[] = {"First", "Second", "Third", "Fourth", "Fifth
 // Pixels.
 constexpr int ListTop = 152;
 constexpr int RowHeight = 42;
-constexpr int PiecesLeft = 316;
+constexpr int PiecesLeft = 320;
 constexpr int PieceSize = 64;
 constexpr int PieceStep = 68;
 constexpr int PiecesInRow = 4;
@@ -62,17 +62,19 @@ void DlgPlayers::DesignPieces() {
     }
     UpDown1.AccessibleName = "More playing pieces";
     lblPlayingPiece.Centred = true;
+    lblPlayingPiece.ForeColor = {};
     lblPlayingPiece.Caption.clear();
     lblPlayingPiece.Visible = false;
 }
 
 void DlgPlayers::DesignPlayers() {
-    shpPlayers.FillColor = TextOnForms;
+    shpPlayers.FillColor = shpPieces.FillColor = TextOnForms;
     for (int i = 0; i < MaxSeats; ++i) {
         imgHolder[i].Picture = {};
         imgHolder[i].Tag.clear();
         imgHolder[i].ToolTipText = std::string(Ordinals[i]) + " player's playing piece";
         lblHolder[i].Caption.clear();
+        lblHolder[i].Font.Bold = true;
         lblHolder[i].ForeColor = {};
     }
     lblComputerPlayer.Caption = "Com&puter Player?";
@@ -90,24 +92,25 @@ void DlgPlayers::RepositionElements() {
                               {&cmdChange, 418, 58, 92, 40, 12, 10},
                               {&cmdRemove, 518, 58, 92, 40, 12, 10},
                               {&lblChoosePieces, 16, 112, 284, 30, 14, 11},
-                              {&cmbPlayingPieceCollections, PiecesLeft, 108, 290, 34, 12, 10},
-                              {&UpDown1, 590, ListTop, 18, PieceSize},
-                              {&lblPlayingPiece, PiecesLeft, 360, 268, 28, 14, 11},
+                              {&cmbPlayingPieceCollections, 316, 108, 290, 34, 12, 10},
+                              {&UpDown1, 594, ListTop, 18, PieceSize},
+                              {&lblPlayingPiece, PiecesLeft, 366, 268, 30, 14, 11},
                               {&chkIsComputerPlayer, 16, 412, 22, 22},
-                              {&lblComputerPlayer, 44, 413, 240, 28, 12, 10},
+                              {&lblComputerPlayer, 44, 409, 240, 28, 12, 10},
                               {&cmdOk, 352, 424, 118, 46, 14, 12},
                               {&cmdCancel, 480, 424, 130, 46, 14, 12}});
         for (int i = 0; i < MaxSeats; ++i) {
             const int top = ListTop + i * RowHeight;
-            PositionObjects(
-                m_g, {{&imgHolder[i], 16, top, 38, 38}, {&lblHolder[i], 62, top + 7, 238, 24, 14, 11}});
+            PositionObjects(m_g,
+                            {{&imgHolder[i], 16, top, 38, 38}, {&lblHolder[i], 62, top, 242, 40, 12, 10}});
         }
         for (int i = 0; i <= imgPlayingPiece.UBound(); ++i) {
             const int left = PiecesLeft + i % PiecesInRow * PieceStep;
             const int top = ListTop + i / PiecesInRow * PieceStep;
             PositionObjects(m_g, {{&imgPlayingPiece[i], left, top, PieceSize, PieceSize}});
         }
-        PositionObjects(m_g, {{&shpPlayers, 8, ListTop - 6, 300, MaxSeats * RowHeight + 8}});
+        PositionObjects(m_g, {{&shpPlayers, 8, ListTop - 6, 300, MaxSeats * RowHeight + 8},
+                              {&shpPieces, 314, ListTop - 6, 276, MaxSeats * RowHeight + 8}});
         PositionShape(m_g, shpCollections, cmbPlayingPieceCollections);
     });
 }

@@ -1,8 +1,7 @@
 #include "board/frmSlots.h"
 
-#include <cmath>
-
 #include <algorithm>
+#include <cmath>
 
 #include "presentation/modRepositioner.h"
 
@@ -17,10 +16,29 @@ constexpr int LastLookMilliseconds = 750;
 
 // Pixels. A number fills its view, and a quarter of it is a whole number of pixels.
 constexpr int ViewSize = 64;
-constexpr int ColumnSmallFonts = 82;
-constexpr int ColumnLargeFonts = 95;
 constexpr int ViewTop = 44;
-constexpr int FrameMargin = 7;
+
+// The width of all columns but for a margin, in twips of the two densities.
+constexpr int SmallFontsWidth = 7335;
+constexpr int LargeFontsWidth = 6800;
+constexpr int SmallFontsTwips = 15;
+constexpr int LargeFontsTwips = 12;
+constexpr int Margin = 93;
+
+/// A reel's part of the window in whole pixels: the columns end where a window for as many reels does.
+struct Column {
+    float Left;
+    float Width;
+    float ViewLeft() const { return Left + std::floor((Width - ViewSize) / 2); }
+};
+
+Column ColumnAt(int index, int width, int twips) {
+    const auto edge = [width, twips](int column) {
+        return std::round(static_cast<float>(column * (width + Margin)) /
+                          (FrmSlots::ReelCount * static_cast<float>(twips)));
+    };
+    return {edge(index), edge(index + 1) - edge(index)};
+}
 
 }  // namespace
 
@@ -37,10 +55,9 @@ void FrmSlots::Design() {
     PositionForm(m_g, *this, 506, 166, 0);
     picFrame.Move(0, 0, 506 * x, 166 * y);
     for (int i = 0; i < ReelCount; ++i) {
-        const int left = i * ColumnSmallFonts + (ColumnSmallFonts - ViewSize) / 2;
-        picSlotView[i].Move(static_cast<float>(left), ViewTop, ViewSize, ViewSize);
-        imgFrame[i].Move(static_cast<float>(left - FrameMargin), ViewTop - FrameMargin,
-                         ViewSize + 2 * FrameMargin, ViewSize + 2 * FrameMargin);
+        const Column column = ColumnAt(i, SmallFontsWidth, SmallFontsTwips);
+        picSlotView[i].Move(column.ViewLeft(), ViewTop, ViewSize, ViewSize);
+        imgFrame[i].Move(column.Left, 0, column.Width, 166);
         imgFrame[i].Picture = Picture::Product("product/reel-frame");
         picSlotView[i].Visible = imgFrame[i].Visible = true;
         imgSlot[2 * i].Move(0, 0, ViewSize, ViewSize);
@@ -52,9 +69,10 @@ void FrmSlots::RepositionElements() {
     Procedure(m_g.gErrHandler, "frmSlots:RepositionElements", [&] {
         if (m_g.SmallFonts) return;
         for (int i = 0; i < ReelCount; ++i) {
-            const int left = i * ColumnLargeFonts + (ColumnLargeFonts - ViewSize) / 2;
-            picSlotView[i].Left = static_cast<float>(left);
-            imgFrame[i].Left = static_cast<float>(left - FrameMargin);
+            const Column column = ColumnAt(i, LargeFontsWidth, LargeFontsTwips);
+            picSlotView[i].Left = column.ViewLeft();
+            imgFrame[i].Left = column.Left;
+            imgFrame[i].Width = column.Width;
         }
     });
 }

@@ -6,13 +6,26 @@ namespace {
 
 constexpr float DesignTwipsPerPixel = 15;
 constexpr int RightColumn = 177;
+constexpr int FirstPlateGap = 10;
 constexpr int PlateGap = 32;
+constexpr int CharacterSize = 64;
+constexpr int PlateStep = CharacterSize + PlateGap;
 constexpr const char* Ordinals[] = {"First", "Second", "Third", "Fourth", "Fifth", "Sixth"};
 
 struct Place {
     Control* Object;
     int Left, Top, Width, Height;
 };
+
+/// What stands on one plate, in pixels; the labels are as high as a name and an amount of one word a line
+/// need.
+std::vector<Place> PlatePlaces(MainForm& form, int index) {
+    const int top = 181 + FirstPlateGap + index * PlateStep;
+    return {{&form.imgPlate[index], 622, top - 12, 176, 92},
+            {&form.imgCharacter[index], 632, top, CharacterSize, CharacterSize},
+            {&form.lblName[index], 703, top - 4, 88, 44},
+            {&form.lblPoints[index], 703, top + 42, 88, 34}};
+}
 
 /// Where the controls of the form itself stand by design, in pixels.
 std::vector<Place> DesignPlaces(MainForm& form) {
@@ -27,8 +40,16 @@ std::vector<Place> DesignPlaces(MainForm& form) {
         {&form.imgBoardSide, 617, 181, 3, 424},    {&form.imgRound, 640, 0, RightColumn, 181},
         {&form.lblRound, 664, 15, 88, 26},         {&form.lblGameName, 40, 40, 233, 72},
         {&form.picOverview, 660, 44, 137, 129},    {&form.picHolder, 0, 0, 81, 33},
-        {&form.picMainBoard, 0, 181, 617, 424},
+        {&form.picMainBoard, 0, 181, 617, 424},    {&form.lblSpoken, -1000, -1000, 900, 900},
     };
+}
+
+void DesignPlace(const std::vector<Place>& places) {
+    const float scale = DesignTwipsPerPixel;
+    for (const Place& place : places) {
+        place.Object->Move(scale * static_cast<float>(place.Left), scale * static_cast<float>(place.Top),
+                           scale * static_cast<float>(place.Width), scale * static_cast<float>(place.Height));
+    }
 }
 
 void MakeTwin(Button& twin, const char* caption) {
@@ -50,11 +71,12 @@ void MakePictureButton(PictureButton& button, const char* picture, const char* n
 MainForm::MainForm(Globals& g) : Form(g.TheScreen, "frmMain"), m_g(g) { Frame = WindowFrame::FullScreen; }
 
 void MainForm::Design() {
-    const float scale = DesignTwipsPerPixel;
-    for (const Place& place : DesignPlaces(*this)) {
-        place.Object->Move(scale * static_cast<float>(place.Left), scale * static_cast<float>(place.Top),
-                           scale * static_cast<float>(place.Width), scale * static_cast<float>(place.Height));
-    }
+    DesignPlace(DesignPlaces(*this));
+    Background = Picture::Product("product/table");
+    imgBoardStrip.Picture = Picture::Product("product/strip");
+    imgStripEnd.Picture = Picture::Product("product/strip-end");
+    imgBoardSide.Picture = Picture::Product("product/side");
+    imgRound.Picture = Picture::Product("product/round");
     DesignButtons();
     DesignBoard();
     DesignPlates();
@@ -74,6 +96,7 @@ void MainForm::DesignButtons() {
     MakePictureButton(cmdQuit, "buttons/quit", "Quit", "Leave the game");
     MakePictureButton(cmdTabulon, "", "Make your own games", "Make your own games");
     cmdTabulon.Caption = "Make your own games";
+    cmdTabulon.FontTextCaption.Size = 10;
     cmdRoll.Visible = cmdSpin.Visible = cmdPass.Visible = cmdSoundOn.Visible = false;
     cmdSaveGame.Enabled = false;
     // They stand over the corner of imgRound.
@@ -110,15 +133,13 @@ void MainForm::DesignBoard() {
 void MainForm::DesignPlates() {
     for (int i = 0; i < MaxSeats; ++i) {
         const std::string ordinal = Ordinals[i];
-        const float scale = DesignTwipsPerPixel;
-        const float top = scale * static_cast<float>(191 + i * (48 + PlateGap));
-        imgCharacter[i].Move(scale * 632, top, scale * 48, scale * 48);
+        DesignPlace(PlatePlaces(*this, i));
+        imgPlate[i].Picture = Picture::Product("product/plate");
+        imgPlate[i].Visible = false;
         imgCharacter[i].ToolTipText = ordinal + " player's playing piece";
-        lblName[i].Move(scale * 687, top - scale * 4, scale * 104, scale * 30);
         lblName[i].ToolTipText = ordinal + " player's name";
         lblName[i].Font = {"Comic Neue", 12, true};
         lblName[i].ForeColor = PlateColour::Other;
-        lblPoints[i].Move(scale * 687, top + scale * 28, scale * 104, scale * 20);
         lblPoints[i].ToolTipText = ordinal + " player's points";
         lblPoints[i].Font = {"Comic Neue", 11, false};
         lblPoints[i].ForeColor = PlateColour::Other;
@@ -129,22 +150,32 @@ void MainForm::DesignPlates() {
 void MainForm::RepositionElements() {
     Procedure(m_g.gErrHandler, "frmMain:RepositionElements", [&] {
         if (m_g.SmallFonts) return;
-        for (const Place& place : DesignPlaces(*this)) {
-            PositionObject(m_g, *place.Object, 0, Y(place.Height), X(place.Left), Y(place.Top),
-                           X(place.Width));
-        }
+        Reposition(DesignPlaces(*this));
         for (PictureButton* sound : {&cmdSoundOff, &cmdSoundOn})
             PositionObject(m_g, *sound, 0, 348, 6536, 64, 480);
         PositionObject(m_g, cmdTabulon, 8, 0, 0, 0, 0);
         PositionObject(m_g, lblRound, 11, 0, 0, 0, 0);
         PositionObject(m_g, lblGameName, 16, 0, 0, 0, 0);
         for (int i = 0; i < MaxSeats; ++i) {
-            const int top = 191 + i * (48 + PlateGap);
-            PositionObject(m_g, imgCharacter[i], 0, Y(48), X(632), Y(top), X(48));
-            PositionObject(m_g, lblName[i], 10, Y(30), X(687), Y(top - 4), X(104));
-            PositionObject(m_g, lblPoints[i], 9, Y(20), X(687), Y(top + 28), X(104));
+            Reposition(PlatePlaces(*this, i));
+            PositionObject(m_g, lblName[i], 10, 0, 0, 0, 0);
+            PositionObject(m_g, lblPoints[i], 9, 0, 0, 0, 0);
         }
     });
+}
+
+template <class Places>
+void MainForm::Reposition(const Places& places) {
+    for (const auto& place : places)
+        PositionObject(m_g, *place.Object, 0, Y(place.Height), X(place.Left), Y(place.Top), X(place.Width));
+}
+
+void MainForm::ColourPlate(Integer seat, Colour colour) {
+    const Integer plate = seat - 1;
+    const bool current = colour == PlateColour::Current;
+    imgPlate[plate].Picture = Picture::Product(current ? "product/plate-current" : "product/plate");
+    imgPlate[plate].Visible = seat <= State.PlayerCount;
+    lblName[plate].ForeColor = lblPoints[plate].ForeColor = colour;
 }
 
 void MainForm::ResizeObjects() {
@@ -188,12 +219,13 @@ void MainForm::PlaceBoard(float screenHeight) {
 }
 
 void MainForm::PlacePlates() {
-    const int firstGap = 10;
     for (int i = 0; i < MaxSeats; ++i) {
         Image& character = imgCharacter[i];
         character.Left = picMainBoard.Width + X(15);
-        character.Top = i == 0 ? imgRound.Top + imgRound.Height + Y(firstGap)
+        character.Top = i == 0 ? imgRound.Top + imgRound.Height + Y(FirstPlateGap)
                                : imgCharacter[i - 1].Top + imgCharacter[i - 1].Height + Y(PlateGap);
+        imgPlate[i].Left = character.Left - X(10);
+        imgPlate[i].Top = character.Top - Y(12);
         lblName[i].Left = character.Left + character.Width + X(7);
         lblPoints[i].Left = lblName[i].Left;
     }

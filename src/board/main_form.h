@@ -23,6 +23,10 @@ class MainForm : public Form {
     /// Fits the form to the screen. A minimised form is left alone.
     void ResizeObjects();
 
+    /// Colours the text of a seat's plate. The ground of the current player's stands out besides, and those of
+    /// seats that are not in the game are hidden.
+    void ColourPlate(Integer seat, Colour colour);
+
     /// The board's inner size in pixels.
     int BoardWidth() const {
         return static_cast<int>(std::lround(picMainBoard.Width / m_g.TheScreen.TwipsPerPixelX()));
@@ -87,6 +91,10 @@ class MainForm : public Form {
     ControlArray<Image, MaxSeats> imgPlayingPiece{*this, "imgPlayingPiece", &picMainBoard};
     ControlArray<Image, MaxSeats> imgDice{*this, "imgDice", &picMainBoard};
 
+    /// Out of sight: what a screen reader says as soon as it stands here.
+    Label lblSpoken{*this, "lblSpoken"};
+
+    ControlArray<Image, MaxSeats> imgPlate{*this, "imgPlate"};
     ControlArray<Image, MaxSeats> imgCharacter{*this, "imgCharacter"};
     ControlArray<Label, MaxSeats> lblName{*this, "lblName"};
     ControlArray<Label, MaxSeats> lblPoints{*this, "lblPoints"};
@@ -100,6 +108,8 @@ class MainForm : public Form {
     void DesignButtons();
     void DesignBoard();
     void DesignPlates();
+    template <class Places>
+    void Reposition(const Places& places);
     void PlaceRightColumn(float screenWidth);
     void PlaceBoard(float screenHeight);
     void PlacePlates();

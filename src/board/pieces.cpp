@@ -90,6 +90,8 @@ void Pieces::PlacePiece(int index, const CSpace& space, int count, int slot, con
     piece.Left = static_cast<float>(static_cast<double>(space.Width) / count * slot + space.Left);
     if (piece.ToolTipText != name) piece.ToolTipText = name;
     piece.Visible = true;
+    piece.Border = index == m_form.State.WhoseTurn.Value() - 1;
+    if (piece.Border) piece.Raise();
 }
 
 }  // namespace tabulon

@@ -8,7 +8,7 @@ namespace tabulon {
 class DesignSize {
   public:
     explicit DesignSize(const Globals& g)
-        : FontSize(g.SmallFonts ? 10 : 8), m_twips(g.TheScreen.TwipsPerPixelX()) {}
+        : FontSize(g.SmallFonts ? 11 : 9), m_twips(g.TheScreen.TwipsPerPixelX()) {}
 
     void Size(Form& form, int width, int height) const {
         form.Width = Twips(width);

@@ -29,6 +29,9 @@ constexpr const char* Captions[] = {
     "&Game Help",         "Submit a &review of this Game", "Player &Help", "T&ip of the Day",
     "Check for &Updates", "&Want to make your own games?", "&Close"};
 
+constexpr const char* Pictures[] = {"buttons/book",   "buttons/review", "buttons/help",  "buttons/tip",
+                                    "buttons/update", "buttons/make",   "buttons/cancel"};
+
 constexpr char DefaultHelp[] = "DEFAULT";
 constexpr std::size_t ExtensionLength = 3;
 
@@ -59,6 +62,7 @@ void DlgHelp::Design() {
     Caption = "Help";
     for (int i = GameHelp; i <= Close; ++i) {
         cmdHelp[i].Caption = Captions[i];
+        cmdHelp[i].Picture = Picture::Product(Pictures[i]);
         cmdHelp[i].Enabled = true;
     }
     cmdFakeClose.Caption = Captions[Close];

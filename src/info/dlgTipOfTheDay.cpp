@@ -10,6 +10,7 @@ namespace {
 
 constexpr int IdOffset = 100;
 constexpr std::int32_t LongestTip = 255;
+constexpr Colour TextOnPaper{27, 42, 65};
 
 }  // namespace
 
@@ -25,7 +26,9 @@ DlgTipOfTheDay::DlgTipOfTheDay(Globals& g) : Form(g.TheScreen, "dlgTipOfTheDay")
 void DlgTipOfTheDay::Design() {
     Caption = "Tip of the Day";
     lblTitle.Caption = "Tabulon Player Tip of the Day";
+    Background = Picture::Product("product/tip");
     lblTitle.Font.Bold = true;
+    lblTipText.ForeColor = TextOnPaper;
     lblTipText.Caption.clear();
     cmdBack.Caption = "&Back";
     cmdBack.ToolTipText = "The tip before this one";
@@ -43,7 +46,7 @@ void DlgTipOfTheDay::RepositionElements() {
     Procedure(m_g.gErrHandler, "dlgTipOfTheDay:RepositionElements", [&] {
         PositionForm(m_g, *this, 594, 438, 0);
         PositionObjects(m_g, {{&lblTitle, 32, 24, 530, 40, 18, 14},
-                              {&lblTipText, 32, 84, 530, 230, 16, 13},
+                              {&lblTipText, 36, 88, 404, 222, 16, 13},
                               {&chkShowTipsAtStartup, 32, 336, 24, 24},
                               {&lblNoMoreTips, 62, 336, 300, 26, 12, 10},
                               {&cmdBack, 132, 378, 140, 44, 14, 12},

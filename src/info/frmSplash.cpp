@@ -23,7 +23,7 @@ void FrmSplash::Design() {
     cTransPictureBox1.Move(0, 0, 800 * x, 600 * y);
     imgUserSplash.Picture = Picture::Product("product/splash-default");
     imgUserSplash.Move(180 * x, 150 * y, 440 * x, 275 * y);
-    lblGameName.Move(24 * x, 30 * y, 752 * x, 110 * y);
+    lblGameName.Move(56 * x, 34 * y, 688 * x, 110 * y);
     lblAuthor.Move(24 * x, 436 * y, 752 * x, 46 * y);
     lblAgeRange.Move(24 * x, 490 * y, 752 * x, 30 * y);
     lblPreferredResolution.Move(24 * x, 524 * y, 752 * x, 30 * y);

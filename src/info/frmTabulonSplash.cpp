@@ -10,6 +10,11 @@ namespace {
 
 constexpr int SplashMilliseconds = 3000;
 
+std::string Copyright(const ApplicationInfo& application) {
+    return "  © 2026 " + application.CompanyName + "   ·   Version " + std::to_string(application.Major) +
+           "." + std::to_string(application.Minor) + "." + std::to_string(application.Revision);
+}
+
 }  // namespace
 
 FrmTabulonSplash::FrmTabulonSplash(Globals& g, MainForm& frmMain, FrmSplash& frmSplash,
@@ -26,7 +31,8 @@ FrmTabulonSplash::FrmTabulonSplash(Globals& g, MainForm& frmMain, FrmSplash& frm
 void FrmTabulonSplash::Design() {
     Caption = m_g.Application.Title;
     Background = Picture::Product("product/splash");
-    lblCopyright.Caption = "";
+    lblCopyright.Caption = Copyright(m_g.Application);
+    lblCopyright.Font.Size = m_g.SmallFonts ? 11 : 9;
 }
 
 void FrmTabulonSplash::Form_Load() {

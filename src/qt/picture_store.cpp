@@ -1,9 +1,11 @@
 #include "qt/picture_store.h"
 
 #include <QPainter>
+#include <QPainterPath>
 #include <QSvgRenderer>
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <string>
 #include <utility>
 
@@ -17,6 +19,9 @@ namespace {
 
 constexpr int CacheKilobytes = 96 * 1024;
 constexpr int PiecesPerGroup = 12;
+constexpr qreal ReelNumberRoom = 0.62;
+constexpr std::array<QColor, 4> ReelColours{Look::Yellow, QColor{242, 112, 91}, Look::Mint,
+                                            QColor{155, 216, 107}};
 constexpr std::array<const char*, 4> PieceGroups{"aliens", "animals", "objects", "professions"};
 
 std::string PieceFile(int number) {
@@ -43,7 +48,31 @@ QPixmap Empty(QSize pixels) {
     return pixmap;
 }
 
-/// A card with a number: a picture of a reel, and what stands for a picture that is missing.
+/// The number as an outline, as large as the room allows.
+QPainterPath NumberPath(int number, QSizeF room) {
+    QPainterPath path;
+    path.addText(0, 0, Look::NumberFont(200), QString::number(number));
+    const QRectF bounds = path.boundingRect();
+    const qreal scale = std::min(room.width() / bounds.width(), room.height() / bounds.height());
+    path.translate(-bounds.center());
+    return QTransform::fromScale(scale, scale).map(path);
+}
+
+/// A number of a reel: neighbours differ in colour too.
+QPixmap DrawReel(int number, QSize pixels) {
+    QPixmap pixmap(pixels);
+    pixmap.fill(Look::Cream);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const qreal side = std::min(pixels.width(), pixels.height());
+    painter.translate(QRectF(pixmap.rect()).center());
+    const QPainterPath path = NumberPath(number, QSizeF(pixels) * ReelNumberRoom);
+    painter.strokePath(path, QPen(Look::Ink, side / 9, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.fillPath(path, ReelColours[static_cast<std::size_t>(std::abs(number)) % ReelColours.size()]);
+    return pixmap;
+}
+
+/// A card with a number: what stands for a picture that is missing.
 QPixmap DrawNumber(int number, QSize pixels) {
     QPixmap pixmap = Empty(pixels);
     QPainter painter(&pixmap);
@@ -106,6 +135,7 @@ std::filesystem::path PictureStore::FileOf(const Picture& picture) const {
 
 QPixmap PictureStore::Draw(const Picture& picture, QSize pixels, Qt::AspectRatioMode mode) const {
     if (picture.File) return DrawFile(*picture.File, pixels, mode);
+    if (picture.Set == PictureSet::Reel) return DrawReel(picture.Number, pixels);
     return HasFile(picture) ? DrawSvg(picture, pixels, mode) : DrawNumber(picture.Number, pixels);
 }
 

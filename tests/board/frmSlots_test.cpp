@@ -1,5 +1,6 @@
 #include "board/frmSlots.h"
 
+#include <cmath>
 #include <gmock/gmock.h>
 
 #include "support/test_machine.h"
@@ -103,6 +104,11 @@ struct Window {
 class WindowTest : public FrmSlotsTest, public testing::WithParamInterface<Window> {
   protected:
     WindowTest() : FrmSlotsTest(GetParam().PixelsPerInch) {}
+    /// Any pixel of the control is in the window.
+    bool IsInside(const Control& column) const {
+        return column.Left <
+               std::round(slots.Width * static_cast<float>(GetParam().PixelsPerInch) / TwipsPerInch);
+    }
 };
 
 TEST_P(WindowTest, FitsTheReels) {
@@ -119,6 +125,7 @@ TEST_P(WindowTest, FitsTheReels) {
             for (int i = 0; i < 6; ++i) {
                 views.push_back(slots.picSlotView[i].Visible);
                 EXPECT_EQ(slots.imgFrame[i].Visible, views.back());
+                EXPECT_EQ(views.back() && IsInside(slots.imgFrame[i]), i < reels) << i << " of " << reels;
             }
         };
         Run(reels, 2);
