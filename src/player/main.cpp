@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "app/program.h"
+#include "board/board_reader.h"
 #include "platform/directories.h"
 #include "platform/seeded_random.h"
 #include "platform/smtp_mail.h"
@@ -37,8 +38,8 @@ bool HasDisplay() {
 
 int PlayInWindow(int argc, char** argv, const ApplicationInfo& application,
                  const std::filesystem::path& dataDirectory, SettingsStore& store) {
-    QApplication qt(argc, argv);
     QtScreen::PrepareDensity();
+    QApplication qt(argc, argv);
     Look::ApplyTo(qt);
     QtScreen screen(application.ShareDir / "pictures", application.Title);
     QtShell shell(application.Executable, dataDirectory);
@@ -50,6 +51,8 @@ int PlayInWindow(int argc, char** argv, const ApplicationInfo& application,
     try {
         Program program(
             {screen, clock, random, shell, player, store, application, dataDirectory, UserLocale(), &mail});
+        BoardReader reader(program.frmMain);
+        screen.BeforeSync = [&reader] { reader.Follow(); };
         program.Main();
         return screen.Run();
     } catch (const ProgramEnd&) {

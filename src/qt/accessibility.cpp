@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QLabel>
 
 #include "qt/form_window.h"
 #include "qt/static_views.h"
@@ -10,9 +11,21 @@ namespace tabulon {
 
 namespace {
 
+/// Named by its text, like a label; a screen reader reads it out when it is shown.
+class HeardLabel final : public QAccessibleWidget {
+  public:
+    explicit HeardLabel(LabelWidget* label) : QAccessibleWidget(label, QAccessible::Notification) {}
+    QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Name ? static_cast<QLabel*>(widget())->text()
+                                         : QAccessibleWidget::text(kind);
+    }
+};
+
 QAccessibleInterface* MakeInterface(const QString&, QObject* object) {
     if (auto* picture = dynamic_cast<PictureWidget*>(object))
         return new QAccessibleWidget(picture, QAccessible::Graphic);
+    auto* label = dynamic_cast<LabelWidget*>(object);
+    if (label && label->IsOnlyHeard()) return new HeardLabel(label);
     auto* window = dynamic_cast<FormWindow*>(object);
     if (!window || window->Frame() == WindowFrame::FullScreen) return nullptr;
     return new QAccessibleWidget(window, QAccessible::Dialog);

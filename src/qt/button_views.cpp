@@ -145,7 +145,7 @@ void PictureButtonView::SyncOwn() {
 }
 
 CheckBoxView::CheckBoxView(CheckBox& box, ViewHost& host, QWidget* parent)
-    : ViewOf(box, host, new QCheckBox(parent)), m_box(static_cast<QCheckBox&>(Widget())) {
+    : ViewOf(box, host, new Ringed<QCheckBox>(parent)), m_box(static_cast<QCheckBox&>(Widget())) {
     SetFocusPolicy(m_box, box);
     connect(&m_box, &QAbstractButton::toggled, this, [this](bool ticked) {
         DeliverUse(
@@ -183,7 +183,7 @@ void UpDownView::SyncOwn() {
 }
 
 QToolButton* UpDownView::MakeArrow(Qt::ArrowType arrow, const std::function<void()>& handler) {
-    auto* button = new QToolButton(&Widget());
+    auto* button = new Ringed<QToolButton>(&Widget());
     button->setArrowType(arrow);
     button->setAutoRepeat(true);
     button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);

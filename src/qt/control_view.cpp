@@ -9,12 +9,12 @@
 
 namespace tabulon {
 
-namespace {
-
 bool IsInput(ControlKind kind) {
     return kind == ControlKind::TextBox || kind == ControlKind::ComboBox || kind == ControlKind::ListBox ||
            kind == ControlKind::RichText;
 }
+
+namespace {
 
 /// An input without a name of its own is called what the label before it says.
 QString LabelBefore(const Control& control) {

@@ -12,6 +12,9 @@
 
 namespace tabulon {
 
+/// True for what the user writes into or chooses from.
+bool IsInput(ControlKind kind);
+
 /// What the views of a form's controls need of their window.
 class ViewHost {
   public:

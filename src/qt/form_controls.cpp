@@ -1,5 +1,7 @@
 #include "qt/form_controls.h"
 
+#include <QLabel>
+#include <QStringList>
 #include <algorithm>
 
 #include "qt/text.h"
@@ -9,6 +11,7 @@ namespace tabulon {
 
 FormControls::FormControls(Form& form, ViewHost& host, QWidget& window) : m_form(form), m_window(window) {
     for (Control* control : form.Controls) AddView(*control, host);
+    NameInputs();
 }
 
 void FormControls::Sync(float twipsPerPixel) {
@@ -37,6 +40,17 @@ void FormControls::FollowFocus() {
 void FormControls::FocusFirst() {
     if (!m_window.focusWidget()) FocusNext(m_views.begin());
     FollowFocus();
+}
+
+QString FormControls::TextsToRead() const {
+    QStringList texts;
+    for (const auto& view : m_views) {
+        const Control& control = view->TheControl();
+        if (control.Kind == ControlKind::Label && control.Visible && !control.Click)
+            texts << PlainCaption(view->Caption()).simplified();
+    }
+    texts.removeAll(QString());
+    return texts.join('\n');
 }
 
 bool FormControls::ActivateAccessKey(QChar key) {
@@ -68,6 +82,18 @@ void FormControls::SetTabOrder() {
         if (view->Widget().focusPolicy() == Qt::NoFocus) continue;
         if (before) QWidget::setTabOrder(before, &view->Widget());
         before = &view->Widget();
+    }
+}
+
+/// A label tells a screen reader what the input behind it is for.
+void FormControls::NameInputs() {
+    QLabel* label = nullptr;
+    for (const auto& view : m_views) {
+        const ControlKind kind = view->TheControl().Kind;
+        if (kind == ControlKind::Label)
+            label = static_cast<QLabel*>(&view->Widget());
+        else if (label && IsInput(kind) && !label->buddy())
+            label->setBuddy(&view->Widget());
     }
 }
 

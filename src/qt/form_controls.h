@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QChar>
+#include <QString>
 #include <memory>
 #include <vector>
 
@@ -18,6 +19,8 @@ class FormControls {
     /// The form learns which control has the focus.
     void FollowFocus();
     void FocusFirst();
+    /// The texts that only stand there, such as a message or a question, one a line.
+    QString TextsToRead() const;
     /// Uses the first control that is in view and has this access key; false when there is none.
     bool ActivateAccessKey(QChar key);
 
@@ -27,6 +30,7 @@ class FormControls {
     void AddView(Control& control, ViewHost& host);
     ControlView* ViewOf(const Control* control) const;
     void SetTabOrder();
+    void NameInputs();
     void Stack();
     void FocusNext(Views::const_iterator from);
 

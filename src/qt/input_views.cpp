@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <algorithm>
 
 #include "qt/text.h"
 
@@ -11,6 +12,7 @@ namespace tabulon {
 namespace {
 
 constexpr int NoLimit = 32767;
+constexpr int WidestList = 440;
 
 Qt::FocusPolicy PolicyOf(const Control& control) {
     return control.TabStop ? Qt::StrongFocus : Qt::ClickFocus;
@@ -72,8 +74,11 @@ void TextEditView::SyncOwn() {
     m_edit.selectAll();
 }
 
+/// The open list is as wide as its longest row, within reason.
 void ComboBoxWidget::showPopup() {
     aboutToOpen();
+    const int rows = view()->sizeHintForColumn(0) + view()->verticalScrollBar()->sizeHint().width();
+    view()->setMinimumWidth(std::clamp(rows, width(), std::max(width(), WidestList)));
     QComboBox::showPopup();
 }
 
@@ -86,6 +91,7 @@ ComboBoxView::ComboBoxView(ComboBox& box, ViewHost& host, QWidget* parent)
     m_box.aboutToOpen = [this] { DeliverUse([] {}, TheData().DropDown); };
     connect(&m_box, &QComboBox::activated, this, [this](int row) { TakeRow(row); });
     m_box.view()->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
+    m_box.view()->setTextElideMode(Qt::ElideRight);
     connect(m_box.view()->verticalScrollBar(), &QScrollBar::valueChanged, this,
             [this](int row) { TakeTopRow(row); });
 }
@@ -137,6 +143,8 @@ void ComboBoxView::SyncOwn() {
 ListBoxView::ListBoxView(ListBox& list, ViewHost& host, QWidget* parent)
     : ViewOf(list, host, new QListWidget(parent)), m_list(static_cast<QListWidget&>(Widget())) {
     m_list.setFocusPolicy(PolicyOf(list));
+    m_list.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_list.setTextElideMode(Qt::ElideRight);
     connect(&m_list, &QListWidget::itemSelectionChanged, this, [this] { TakeSelection(); });
     connect(&m_list, &QListWidget::itemDoubleClicked, this,
             [this] { DeliverUse([] {}, TheData().DblClick); });
@@ -158,7 +166,7 @@ void ListBoxView::ApplyRows() {
     m_list.clear();
     for (const ListRow& row : TheData().Rows) {
         auto* item = new QListWidgetItem(ToQt(row.Text), &m_list);
-        item->setToolTip(ToolTip(row.ToolTipText));
+        item->setToolTip(ToolTip(row.ToolTipText.empty() ? row.Text : row.ToolTipText));
     }
 }
 

@@ -6,6 +6,7 @@
 #include <QPlainTextEdit>
 
 #include "qt/control_view.h"
+#include "qt/look.h"
 #include "qt/second_click.h"
 
 namespace tabulon {
@@ -41,9 +42,9 @@ class TextEditView final : public ViewOf<TextBox> {
     Applied<Font> m_font;
 };
 
-class ComboBoxWidget final : public QComboBox {
+class ComboBoxWidget final : public Ringed<QComboBox> {
   public:
-    using QComboBox::QComboBox;
+    using Ringed::Ringed;
     std::function<void()> aboutToOpen;
     void showPopup() override;
 };

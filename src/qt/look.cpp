@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QPainter>
 #include <QPalette>
+#include <QProxyStyle>
 #include <QStyleFactory>
 #include <algorithm>
 
@@ -11,6 +12,17 @@ namespace tabulon {
 namespace {
 
 constexpr int BodyPoints = 11;
+constexpr int TickBoxSize = 20;
+
+/// Boxes to tick are as large as the letters beside them.
+class LookStyle final : public QProxyStyle {
+  public:
+    LookStyle() : QProxyStyle(QStyleFactory::create("Fusion")) {}
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
+        const bool isBox = metric == PM_IndicatorWidth || metric == PM_IndicatorHeight;
+        return isBox ? TickBoxSize : QProxyStyle::pixelMetric(metric, option, widget);
+    }
+};
 
 QPalette PaletteOfTheLook() {
     QPalette palette(Look::Plate, Look::Teal);
@@ -46,7 +58,8 @@ QString StyleSheet() {
                "QPushButton:disabled { background: transparent; color: %2; border: 1px solid %2; }"
                "QLineEdit, QPlainTextEdit, QTextEdit, QListWidget { background: %2; color: %1;"
                " border: 2px solid %1; border-radius: 4px; }"
-               "QLineEdit:focus, QPlainTextEdit:focus, QTextEdit:focus, QListWidget:focus { border-color: %3; }"
+               "QLineEdit:focus, QPlainTextEdit:focus, QTextEdit:focus, QListWidget:focus { border-color: "
+               "%3; }"
                "QComboBox { combobox-popup: 0; }"
                "QComboBox QAbstractItemView { background: %2; color: %1; border: 2px solid %1; }"
                "QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }"
@@ -67,7 +80,7 @@ QFont Look::NumberFont(int pixelSize) {
 }
 
 void Look::ApplyTo(QApplication& application) {
-    application.setStyle(QStyleFactory::create("Fusion"));
+    application.setStyle(new LookStyle);
     application.setFont(QFont("DejaVu Sans", BodyPoints));
     application.setPalette(PaletteOfTheLook());
     application.setPalette(PaletteOfArrows(), "QToolButton");

@@ -2,10 +2,11 @@
 
 #include <QColor>
 #include <QFont>
+#include <QPainter>
+#include <QRectF>
 
 class QApplication;
-class QPainter;
-class QRectF;
+class QPaintEvent;
 
 namespace tabulon {
 
@@ -29,6 +30,22 @@ struct Look {
     /// Gives the application its style, palette and style sheet.
     static void ApplyTo(QApplication& application);
     static void DrawFocusRing(QPainter& painter, const QRectF& around);
+};
+
+/// A widget of the toolkit that shows its focus as all others do.
+template <class Widget>
+class Ringed : public Widget {
+  public:
+    using Widget::Widget;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override {
+        Widget::paintEvent(event);
+        if (!this->hasFocus()) return;
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        Look::DrawFocusRing(painter, this->rect());
+    }
 };
 
 }  // namespace tabulon

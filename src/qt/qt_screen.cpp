@@ -169,6 +169,7 @@ BoxAnswer QtScreen::MsgBox(const std::string& text, BoxIcon icon, BoxButtons but
 }
 
 void QtScreen::Sync() {
+    if (BeforeSync) BeforeSync();
     ArmTimers();
     const Dispatcher::Hold hold(m_dispatcher);
     for (const auto& [form, window] : m_windows)

@@ -35,6 +35,9 @@ class QtScreen final : public Screen {
     /// Brings the program's windows to the front, out of the task bar when they are minimised.
     void BringForward();
 
+    /// Called before the forms are compared with what was last shown.
+    std::function<void()> BeforeSync;
+
     void Forget(Form& form) override;
     void Show(Form& form) override;
     void ShowModal(Form& form) override;

@@ -1,5 +1,6 @@
 #include "qt/static_views.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -15,6 +16,8 @@ namespace {
 
 constexpr int FrameWidth = 3;
 constexpr int FrameRadius = 8;
+constexpr int HighestLine = 90;  // pixels
+constexpr int FocusMargin = 8;
 
 }  // namespace
 
@@ -45,7 +48,9 @@ bool StaticView<Data>::ClickByKey(const QEvent& event) {
 
 template <class Data>
 void StaticView<Data>::SetReachable(bool showsSomething) {
-    const bool reachable = showsSomething && this->TheData().Click && this->TheData().TabStop;
+    const bool clickable = showsSomething && this->TheData().Click;
+    const bool reachable = clickable && this->TheData().TabStop;
+    this->Widget().setCursor(clickable ? Qt::PointingHandCursor : Qt::ArrowCursor);
     this->Widget().setFocusPolicy(reachable ? Qt::TabFocus : Qt::NoFocus);
 }
 
@@ -57,13 +62,29 @@ LabelWidget::LabelWidget(QWidget* parent) : QLabel(parent) {
 void LabelWidget::SetCaption(const std::string& caption) {
     m_caption = ToQt(caption);
     setText(PlainCaption(caption));
+    if (m_caption.isEmpty() || !IsOnlyHeard()) return;
+    QAccessibleEvent shown(this, QAccessible::ObjectShow);
+    QAccessible::updateAccessibility(&shown);
+}
+
+bool LabelWidget::IsOnlyHeard() const {
+    return !geometry().isEmpty() && !geometry().intersects(parentWidget()->rect());
 }
 
 void LabelWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    style()->drawItemText(&painter, rect(), static_cast<int>(alignment()) | LabelTextFlags, palette(),
+    // Room for the ring.
+    const int margin = focusPolicy() == Qt::NoFocus || (alignment() & Qt::AlignHCenter) ? 0 : FocusMargin;
+    style()->drawItemText(&painter, rect().adjusted(margin, 0, -margin, 0),
+                          static_cast<int>(alignment() | VerticalPlace()) | LabelTextFlags, palette(),
                           isEnabled(), m_caption, QPalette::WindowText);
     if (hasFocus()) Look::DrawFocusRing(painter, rect());
+}
+
+/// Only a text with much room stands at its top, as on a page.
+Qt::Alignment LabelWidget::VerticalPlace() const {
+    const bool isPage = height() > HighestLine && !(alignment() & Qt::AlignHCenter);
+    return isPage ? Qt::AlignTop : Qt::AlignVCenter;
 }
 
 LabelView::LabelView(Label& label, ViewHost& host, QWidget* parent)
@@ -78,8 +99,7 @@ void LabelView::SyncOwn() {
     const Label& label = TheData();
     SetReachable(!label.Caption.empty());
     if (m_font.Take(label.Font)) m_label.setFont(ToQt(label.Font));
-    if (m_centred.Take(label.Centred))
-        m_label.setAlignment((label.Centred ? Qt::AlignHCenter : Qt::AlignLeft) | Qt::AlignTop);
+    if (m_centred.Take(label.Centred)) m_label.setAlignment(label.Centred ? Qt::AlignHCenter : Qt::AlignLeft);
     if (m_caption.Take(label.Caption)) m_label.SetCaption(label.Caption);
     if (!m_colour.Take(label.ForeColor)) return;
     QPalette palette = m_label.palette();
@@ -91,8 +111,14 @@ PictureWidget::PictureWidget(PictureStore& store, QWidget* parent) : QWidget(par
 
 void PictureWidget::Show(const Picture& picture) {
     m_picture.Show(picture);
-    m_picture.For(*this);
+    Prepare();
     update();
+}
+
+/// What is behind a picture without holes needs no painting.
+void PictureWidget::Prepare() {
+    const QPixmap& pixmap = m_picture.For(*this);
+    setAttribute(Qt::WA_OpaquePaintEvent, !pixmap.isNull() && !pixmap.hasAlphaChannel());
 }
 
 void PictureWidget::SetBorder(bool border) {
@@ -105,13 +131,17 @@ void PictureWidget::paintEvent(QPaintEvent*) {
     const QPixmap& pixmap = m_picture.For(*this);
     if (!pixmap.isNull()) painter.drawPixmap(0, 0, pixmap);
     if (m_border) {
-        painter.setPen(QPen(Look::Yellow, FrameWidth));
-        painter.drawRoundedRect(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5), FrameRadius, FrameRadius);
+        painter.setRenderHint(QPainter::Antialiasing);
+        for (const auto& [colour, width] :
+             {std::pair{Look::Ink, FrameWidth + 2}, {Look::Yellow, FrameWidth}}) {
+            painter.setPen(QPen(colour, width));
+            painter.drawRoundedRect(QRectF(rect()).adjusted(2.5, 2.5, -2.5, -2.5), FrameRadius, FrameRadius);
+        }
     }
     if (hasFocus()) Look::DrawFocusRing(painter, rect());
 }
 
-void PictureWidget::resizeEvent(QResizeEvent*) { m_picture.For(*this); }
+void PictureWidget::resizeEvent(QResizeEvent*) { Prepare(); }
 
 ImageView::ImageView(Image& image, ViewHost& host, QWidget* parent)
     : StaticView(image, host, new PictureWidget(host.Pictures(), parent)),

@@ -30,11 +30,15 @@ class LabelWidget final : public QLabel {
   public:
     explicit LabelWidget(QWidget* parent);
     void SetCaption(const std::string& caption);
+    /// A label outside of its window is there to be heard: a screen reader reads each new caption.
+    bool IsOnlyHeard() const;
 
   protected:
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    Qt::Alignment VerticalPlace() const;
+
     QString m_caption;
 };
 
@@ -68,6 +72,8 @@ class PictureWidget final : public QWidget {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
+    void Prepare();
+
     ScaledPicture m_picture;
     bool m_border = false;
 };

@@ -1,0 +1,74 @@
+#include <QAccessible>
+#include <QWidget>
+
+#include "qt/screen_test.h"
+
+namespace tabulon {
+namespace {
+
+class Accessibility : public ScreenTest {
+  protected:
+    static QAccessibleInterface& Of(const Control& control) {
+        return *QAccessible::queryAccessibleInterface(&Find(control));
+    }
+};
+
+TEST_F(Accessibility, NotifiesOfWhatStandsOutOfSight) {
+    form.lblName.Left = form.lblName.Top = form.Twips(-1000);
+    Show(form);
+    EXPECT_EQ(Of(form.lblName).role(), QAccessible::Notification);
+    EXPECT_EQ(Of(form.lblRound).role(), QAccessible::StaticText);
+    for (const char* caption : {"Ann has 8.", "Ben has 8."}) {
+        form.lblName.Caption = caption;
+        screen.PumpEvents();
+        EXPECT_EQ(Of(form.lblName).text(QAccessible::Name), caption);
+    }
+}
+
+TEST_F(Accessibility, TellsTheTextsOfAFormAsItOpens) {
+    form.lblName.Caption = "Take &one\r\nand go";
+    form.lblRound.Caption = "Answer";
+    form.lblRound.Click = [] {};
+    Show(form);
+    const auto* window = QAccessible::queryAccessibleInterface(WindowOf(form));
+    EXPECT_EQ(window->role(), QAccessible::Dialog);
+    EXPECT_EQ(window->text(QAccessible::Description), "Take one and go");
+}
+
+TEST_F(Accessibility, TiesAnInputToTheLabelBeforeIt) {
+    Show(form);
+    const auto relations = Of(form.txtName).relations(QAccessible::Label);
+    ASSERT_EQ(relations.size(), 1);
+    EXPECT_EQ(relations.front().first->object(), &Find(form.lblName));
+    EXPECT_TRUE(Of(form.cmdOk).relations(QAccessible::Label).isEmpty());
+}
+
+TEST_F(Accessibility, GivesTheBoardItsDescriptionAsName) {
+    form.picBoard.AccessibleName = "Ann is on space 3 of 10.";
+    Show(form);
+    EXPECT_EQ(Of(form.picBoard).role(), QAccessible::Graphic);
+    EXPECT_EQ(Of(form.picBoard).text(QAccessible::Name), "Ann is on space 3 of 10.");
+    form.picBoard.AccessibleName = "Ann is on space 4 of 10.";
+    screen.PumpEvents();
+    EXPECT_EQ(Of(form.picBoard).text(QAccessible::Name), "Ann is on space 4 of 10.");
+}
+
+TEST_F(Accessibility, TellsRolesAndStates) {
+    form.cmdRoll.AccessibleName = "Roll dice";
+    form.cmdRoll.Enabled = false;
+    form.chkComputer.Value = true;
+    form.imgPiece.Picture = Picture::Piece(1);
+    form.imgPiece.AccessibleName = "Cat";
+    form.imgPiece.Click = [] {};
+    Show(form);
+    EXPECT_EQ(Of(form.cmdRoll).role(), QAccessible::Button);
+    EXPECT_EQ(Of(form.cmdRoll).text(QAccessible::Name), "Roll dice");
+    EXPECT_TRUE(Of(form.cmdRoll).state().disabled);
+    EXPECT_EQ(Of(form.chkComputer).role(), QAccessible::CheckBox);
+    EXPECT_TRUE(Of(form.chkComputer).state().checked);
+    EXPECT_EQ(Of(form.imgPiece).role(), QAccessible::Graphic);
+    EXPECT_TRUE(Of(form.imgPiece).state().focusable);
+}
+
+}  // namespace
+}  // namespace tabulon
