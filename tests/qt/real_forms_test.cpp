@@ -1,0 +1,213 @@
+#include <QAbstractButton>
+#include <QApplication>
+#include <QFontMetrics>
+#include <QLabel>
+#include <QTimer>
+#include <cmath>
+#include <gtest/gtest.h>
+
+#include "app/program.h"
+#include "headless/no_shell.h"
+#include "platform/seeded_random.h"
+#include "platform/temporary_directory.h"
+#include "qt/control_view.h"
+#include "qt/qt_screen.h"
+#include "qt/text.h"
+
+namespace tabulon {
+namespace {
+
+constexpr int LongestText = 254;
+
+/// As long as a package may hold, with accents, signs and letters that run from right to left.
+std::string Longest() {
+    const QString sentence = QString::fromUtf8(
+        "Die weiße Füchsin zählt 🦊 Äpfel & “naïve” crêpes, während שלום wartet. ");
+    return sentence.repeated(8).left(LongestText).toStdString();
+}
+
+struct RunningProgram {
+    RunningProgram() {
+        program.globals.AppDir = folder.Path();
+        program.globals.gErrHandler.ShowDetails = [](const std::string& details) {
+            ADD_FAILURE() << details;
+        };
+        game->Font = "Comic Neue";
+        game->FontSize = 16;
+        game->GameName = "The Wonder Museum";
+        game->Author = Longest().substr(0, 60);
+        game->PreferredResolution = "1024 x 768";
+        card.message = card.Answer1 = card.Answer3 = card.Answer4 = Longest();
+        card.Answer2 = "Short";
+    }
+
+    test::TemporaryDirectory folder;
+    QtScreen screen{TABULON_PICTURES, "Tab Player"};
+    SystemClock clock;
+    ClockSeededRandom random;
+    NoShell shell;
+    SilentOggPlayer player;
+    SettingsStore store{":memory:"};
+    Program program{Machine{screen, clock, random, shell, player, store, {}, folder.Path()}};
+    std::shared_ptr<CGame> game = std::make_shared<CGame>(program.globals, program.packages);
+    CCard card;
+};
+
+struct FormRow {
+    const char* name;
+    std::function<Form&(Program&)> form;
+    std::function<void(RunningProgram&)> open;  // returns when the form has closed
+};
+
+void PrintTo(const FormRow& row, std::ostream* out) { *out << row.name; }
+
+void AskCard(RunningProgram& run) {
+    Integer action, data, tries = 2;
+    bool done = false, correct = false, result = false;
+    run.program.dlgDrawCard.GetData(run.game, run.card, action, data, tries, done, correct, false, false,
+                                    result);
+}
+
+void AskPlayers(RunningProgram& run) {
+    Integer count;
+    Array<std::string> names, pieces;
+    Array<bool> computers;
+    bool result = false;
+    run.program.dlgPlayers.GetData(run.game, count, names, pieces, computers, result);
+}
+
+void AskGame(RunningProgram& run) {
+    Array<std::string> games, names, descriptions;
+    for (Array<std::string>* list : {&games, &names, &descriptions}) list->ReDim(1);
+    std::int32_t count = 0;
+    bool isNew = false, result = false;
+    run.program.dlgLoadGame.GetData(games, names, descriptions, count, &run.program.frmTabulonSplash, isNew,
+                                    result);
+}
+
+const FormRow Rows[] = {
+    {"Message", [](Program& p) -> Form& { return p.dlgMsgOk; },
+     [](RunningProgram& run) { run.program.dlgMsgOk.ShowMessage(*run.game, Longest(), false, false); }},
+    {"Question", [](Program& p) -> Form& { return p.dlgMsgYesNo; },
+     [](RunningProgram& run) {
+         bool yes = false;
+         run.program.dlgMsgYesNo.ShowMessage(*run.game, "Quit this game and start a new one?", 0, yes);
+     }},
+    {"Card", [](Program& p) -> Form& { return p.dlgDrawCard; }, AskCard},
+    {"Players", [](Program& p) -> Form& { return p.dlgPlayers; }, AskPlayers},
+    {"Chooser", [](Program& p) -> Form& { return p.dlgLoadGame; }, AskGame},
+    {"Help", [](Program& p) -> Form& { return p.dlgHelp; },
+     [](RunningProgram& run) { run.program.dlgHelp.SetUp(run.game); }},
+    {"Tip", [](Program& p) -> Form& { return p.dlgTipOfTheDay; },
+     [](RunningProgram& run) {
+         bool ok = false;
+         run.program.dlgTipOfTheDay.TipOfTheDay(ok);
+     }},
+    {"Install", [](Program& p) -> Form& { return p.dlgInstallGames; },
+     [](RunningProgram& run) {
+         bool installed = false;
+         run.program.dlgInstallGames.GetData(Array<std::string>(), installed);
+     }},
+    {"Error", [](Program& p) -> Form& { return p.dlgError; },
+     [](RunningProgram& run) {
+         run.program.dlgError.SetData("Module: frmMain:RunSlots\r\nError: (9) Subscript");
+     }},
+    {"ErrorCause", [](Program& p) -> Form& { return p.dlgErrorCause; },
+     [](RunningProgram& run) {
+         std::string steps;
+         bool ok = false;
+         run.program.dlgErrorCause.GetData(steps, ok);
+     }},
+};
+
+QWidget* WindowOf(const Form& form) {
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->objectName().toStdString() == form.Name && window->isVisible()) return window;
+    return nullptr;
+}
+
+QRect PlaceByData(const Control& control, float twips) {
+    const auto pixels = [twips](float value) { return static_cast<int>(std::lround(value / twips)); };
+    return {pixels(control.Left), pixels(control.Top), pixels(control.Width), pixels(control.Height)};
+}
+
+bool IsOutOfSight(const Control& control) {
+    return control.Kind == ControlKind::Button && static_cast<const Button&>(control).OutOfSight;
+}
+
+void ExpectTextFits(const QLabel& label) {
+    const QRect room(0, 0, label.width(), 1 << 20);
+    const QRect needed = label.fontMetrics().boundingRect(room, LabelTextFlags, label.text());
+    EXPECT_LE(needed.height(), label.height()) << label.objectName().toStdString();
+}
+
+void ExpectLikeItsData(const Form& form, const QWidget& window) {
+    const float twips = form.TheScreen.TwipsPerPixelX();
+    EXPECT_EQ(window.width(), std::lround(form.Width / twips));
+    EXPECT_EQ(window.height(), std::lround(form.Height / twips));
+    for (const Control* control : form.Controls) {
+        SCOPED_TRACE(control->Name);
+        const auto* widget = window.findChild<QWidget*>(QString::fromStdString(control->Name));
+        ASSERT_TRUE(widget);
+        EXPECT_EQ(widget->isVisibleTo(&window), control->Visible);
+        EXPECT_EQ(widget->isEnabled(), control->Enabled);
+        if (IsOutOfSight(*control) || !control->Visible || control->Container) continue;
+        EXPECT_EQ(widget->geometry(), PlaceByData(*control, twips));
+        EXPECT_TRUE(window.rect().contains(widget->geometry()));
+        if (const auto* label = dynamic_cast<const QLabel*>(widget)) ExpectTextFits(*label);
+    }
+}
+
+/// What has text or can be used never lies over its like.
+void ExpectNoOverlaps(const Form& form) {
+    const auto counts = [](const Control* control) {
+        const bool isGround = control->Kind == ControlKind::Shape || control->Kind == ControlKind::Image;
+        return control->Visible && !isGround && !IsOutOfSight(*control);
+    };
+    const float twips = form.TheScreen.TwipsPerPixelX();
+    for (const Control* a : form.Controls) {
+        for (const Control* b : form.Controls) {
+            if (a == b || !counts(a) || !counts(b)) continue;
+            EXPECT_FALSE(PlaceByData(*a, twips).intersects(PlaceByData(*b, twips)))
+                << a->Name << " " << b->Name;
+        }
+    }
+}
+
+/// The keyboard can come in, and on to all that can be used.
+void ExpectFocus(const Form& form, const QWidget& window) {
+    EXPECT_TRUE(window.focusWidget());
+    for (const Control* control : form.Controls) {
+        const bool used = control->Visible && control->TabStop && !IsOutOfSight(*control);
+        const bool kind = control->Kind == ControlKind::PictureButton || IsInput(control->Kind);
+        if (!used || !kind) continue;
+        const auto* widget = window.findChild<QWidget*>(QString::fromStdString(control->Name));
+        EXPECT_TRUE(widget->focusPolicy() & Qt::TabFocus) << control->Name;
+    }
+}
+
+class RealForm : public testing::TestWithParam<FormRow> {};
+
+TEST_P(RealForm, IsShownAsItsDataSay) {
+    RunningProgram run;
+    Form& form = GetParam().form(run.program);
+    bool seen = false;
+    QObject context;
+    QTimer::singleShot(0, &context, [&] {
+        QWidget* window = WindowOf(form);
+        if (window) {
+            seen = true;
+            ExpectLikeItsData(form, *window);
+            ExpectNoOverlaps(form);
+            ExpectFocus(form, *window);
+        }
+        form.Hide();
+    });
+    GetParam().open(run);
+    EXPECT_TRUE(seen);
+}
+INSTANTIATE_TEST_SUITE_P(All, RealForm, testing::ValuesIn(Rows),
+                         [](const auto& row) { return row.param.name; });
+
+}  // namespace
+}  // namespace tabulon
