@@ -15,15 +15,21 @@ from gi.repository import Atspi, GLib  # noqa: E402
 
 warnings.simplefilter("ignore")
 POLL_SECONDS = 0.05
-SCREEN = "1024x768x24"
 
 
 class Desktop:
-    """Use as a context: a prefix in a temporary folder, a display, and the Player with its games installed."""
+    """Use as a context: a prefix in a temporary folder, a display, and the Player with its games installed.
 
-    def __init__(self, build, prepare=lambda desktop: None):
+    `scale` is the number of pixels of the display for one of the Player; `dpi` the font density of the desktop."""
+
+    def __init__(self, build, prepare=lambda desktop: None, screen="1024x768", scale=1, dpi=96):
         self.build = pathlib.Path(build).resolve()
+        self.screen = screen
+        self.scale = scale
+        self.dpi = dpi
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="tabulon-e2e-"))
+        self.games = self.folder / "var/games/tabulon"  # packages that lie here at the start are installed
+        self.games.mkdir(parents=True)
         self.prepare = prepare  # what to do with the installed games before the Player starts
         self.player = None
         self.helpers = []
@@ -32,13 +38,15 @@ class Desktop:
         self.make_prefix()
         read_end, write_end = os.pipe()
         self.helpers.append(subprocess.Popen(
-            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", SCREEN, "-nolisten", "tcp"],
+            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", self.screen + "x24", "-nolisten", "tcp"],
             pass_fds=[write_end], stderr=subprocess.DEVNULL))
         os.environ["DISPLAY"] = ":" + os.read(read_end, 16).decode().strip()
         os.environ["XDG_RUNTIME_DIR"] = str(self.folder)
         # The accessibility bus has its socket there too, out of the way of another test's.
         subprocess.run(["dbus-update-activation-environment", "XDG_RUNTIME_DIR"], check=True)
         os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
+        os.environ["QT_SCALE_FACTOR"] = str(self.scale)
+        os.environ["QT_FONT_DPI"] = str(self.dpi)
         os.environ.pop("QT_QPA_PLATFORM", None)
         os.environ.pop("QT_ACCESSIBILITY", None)
         self.helpers.append(subprocess.Popen(["openbox"], stderr=subprocess.DEVNULL))
@@ -61,8 +69,6 @@ class Desktop:
         for program in ("tabulon-player", "tabulon-setup", "tabulon-help"):
             shutil.copy2(self.build / "bin" / program, self.folder / "bin")
         (self.folder / "share").symlink_to(self.build / "share")
-        self.games = self.folder / "var/games/tabulon"
-        self.games.mkdir(parents=True)
         for package in (self.build / "var/games/tabulon").glob("*.gam"):
             shutil.copy2(package, self.games)
         self.set_up()
@@ -92,6 +98,12 @@ class Desktop:
             self.collect(root, found)
         return [n for n in found if (role is None or n.get_role_name() == role) and
                 (name is None or (n.get_name() or "").startswith(name))]
+
+    def windows(self):
+        """The windows that show, from the last opened."""
+        tops = [program.get_child_at_index(i) for program in self.applications()
+                for i in range(program.get_child_count())]
+        return [w for w in tops if w and w.get_state_set().contains(Atspi.StateType.SHOWING)]
 
     def applications(self):
         desktop = Atspi.get_desktop(0)
@@ -141,7 +153,7 @@ class Desktop:
 
     def click(self, node):
         place = Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
-        x, y = place.x + place.width // 2, place.y + place.height // 2
+        x, y = (place.x + place.width // 2) * self.scale, (place.y + place.height // 2) * self.scale
         subprocess.run(["xdotool", "mousemove", "--sync", str(x), str(y), "click", "1"], check=True)
 
     def key(self, *keys):
