@@ -17,6 +17,7 @@ def main(build):
     build = pathlib.Path(build).resolve()
     with Desktop(build, lambda desktop: give_compiled_help(desktop, build)) as desktop:
         begin(desktop, "The Lantern Race")
+        step_through_tips(desktop)
         read_compiled_help(desktop)
         read_own_help(desktop)
         table.leave(desktop)
@@ -57,6 +58,21 @@ def open_help(desktop):
 def close_help(desktop):
     desktop.key("Escape")
     desktop.wait_for("the help dialog to close", lambda: not desktop.dialog("Help"))
+
+
+def step_through_tips(desktop):
+    open_help(desktop)
+    desktop.key("i")
+    dialog = desktop.wait_for("a tip", lambda: desktop.dialog("Tip of the Day"))
+    first = desktop.texts(dialog)
+    desktop.key("n")
+    desktop.wait_for("the next tip", lambda: desktop.texts(dialog) != first)
+    desktop.screenshot("tip")
+    desktop.key("b")
+    desktop.wait_for("the tip before", lambda: desktop.texts(dialog) == first)
+    desktop.key("Escape")
+    desktop.wait_for("the help dialog again", lambda: desktop.dialog("Help"))
+    close_help(desktop)
 
 
 def viewers(desktop, title):
