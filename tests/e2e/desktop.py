@@ -17,6 +17,14 @@ warnings.simplefilter("ignore")
 POLL_SECONDS = 0.05
 
 
+def unless_gone(look):
+    """What a look at the tree finds; nothing when a part of it went meanwhile."""
+    try:
+        return look()
+    except GLib.Error:
+        return None
+
+
 class Desktop:
     """Use as a context: a prefix in a temporary folder, a display, and the Player with its games installed.
 
@@ -83,7 +91,7 @@ class Desktop:
         """The first true answer of the condition; fails when none comes in time, or the Player ends unasked."""
         end = time.monotonic() + seconds
         while time.monotonic() < end:
-            answer = condition()
+            answer = unless_gone(condition)
             if answer:
                 return answer
             if self.has_ended():
@@ -96,8 +104,8 @@ class Desktop:
         found = []
         for root in [inside] if inside else self.applications():
             self.collect(root, found)
-        return [n for n in found if (role is None or n.get_role_name() == role) and
-                (name is None or (n.get_name() or "").startswith(name))]
+        return [n for n in found if unless_gone(lambda: (role is None or n.get_role_name() == role) and
+                                                (name is None or (n.get_name() or "").startswith(name)))]
 
     def windows(self):
         """The windows that show, from the last opened."""
@@ -129,23 +137,26 @@ class Desktop:
     def dialog(self, name):
         """A dialog that can be used now."""
         for node in self.nodes("dialog", name):
-            if Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN).width > 0:
+            if unless_gone(lambda: Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN).width > 0):
                 return node
         return None
 
     def button(self, name, inside=None):
         """A button that shows in a place on the screen and can be pressed."""
         for node in self.nodes("push button", name, inside):
-            place = Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
-            if place.x >= 0 and place.width > 1 and self.enabled(node):
+            if unless_gone(lambda: self.can_be_pressed(node)):
                 return node
         return None
+
+    def can_be_pressed(self, node):
+        place = Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
+        return place.x >= 0 and place.width > 1 and self.enabled(node)
 
     def enabled(self, node):
         return node.get_state_set().contains(Atspi.StateType.ENABLED)
 
     def texts(self, inside):
-        return [n.get_name() for n in self.nodes("label", inside=inside)]
+        return [unless_gone(n.get_name) or "" for n in self.nodes("label", inside=inside)]
 
     def content(self, node):
         """The text inside a field."""
