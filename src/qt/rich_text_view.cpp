@@ -56,7 +56,9 @@ void Write(QTextCursor& cursor, const TextParagraph& paragraph) {
 }  // namespace
 
 RichTextView::RichTextView(RichText& text, ViewHost& host, QWidget* parent)
-    : ViewOf(text, host, new QTextEdit(parent)), m_edit(static_cast<QTextEdit&>(Widget())) {
+    : ViewOf(text, host, new QTextEdit(parent)),
+      m_edit(static_cast<QTextEdit&>(Widget())),
+      m_viewport(m_edit.viewport()) {
     m_edit.setReadOnly(true);
     m_edit.setTabChangesFocus(true);
     m_edit.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
@@ -64,7 +66,7 @@ RichTextView::RichTextView(RichText& text, ViewHost& host, QWidget* parent)
 }
 
 bool RichTextView::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == m_edit.viewport() && event->type() == QEvent::MouseButtonRelease) DeliverClick();
+    if (watched == m_viewport && event->type() == QEvent::MouseButtonRelease) DeliverClick();
     return watched == &m_edit && ViewOf::eventFilter(watched, event);
 }
 

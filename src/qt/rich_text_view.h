@@ -20,6 +20,7 @@ class RichTextView final : public ViewOf<RichText> {
     void ShowText();
 
     QTextEdit& m_edit;
+    const QObject* const m_viewport;  // events come also while the two are being destroyed
     Applied<std::string> m_content;
     Applied<std::vector<TextParagraph>> m_paragraphs;
     Applied<Font> m_font;
