@@ -4,7 +4,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 scripts/install-dependencies.sh
-cmake --preset release > /dev/null
+cmake --preset release -DTABULON_TESTS=OFF > /dev/null
 cmake --build --preset release
 build/release/bin/tabulon-setup
 exec build/release/bin/tabulon-player
