@@ -130,6 +130,9 @@ def players(desktop, album):
 def turn(desktop, key, name):
     """Starts a turn, once it may be. The button can be pressed again before the turn's own dialog is there."""
     button = desktop.wait_for("turn", lambda: table.turn_button(desktop))
+    if button.get_name() == "Pass":  # over at once
+        desktop.key("alt+p")
+        return
     desktop.key(key)
     desktop.wait_for(f"the {name} to begin", lambda: not desktop.enabled(button) or len(desktop.windows()) > 1)
 
