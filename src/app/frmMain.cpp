@@ -198,7 +198,8 @@ void FrmMain::cmdTabulon_Click() {
         const std::string builder = ToText(
             m_g.Registry.RegistryGetKeyValue(HKEY_LOCAL_MACHINE, std::string(ProductKey), "BuilderPath"));
         if (builder.empty()) {
-            OpenInBrowser(m_g.Shell, m_g.gErrHandler, ProductSetting(m_g, "WebSite", m_g.Application.WebSite) + "/index.html");
+            OpenInBrowser(m_g.Shell, m_g.gErrHandler,
+                          ProductSetting(m_g, "WebSite", m_g.Application.WebSite) + "/index.html");
         } else {
             m_g.Shell.Start(std::filesystem::path(builder) / "Tabulon.exe");
         }

@@ -24,8 +24,8 @@ class Movement {
     /// not act.
     void MovePlayerAction(Integer Player, Integer Amount, Integer MoveType, bool& ReturnToPrevious,
                           std::optional<Integer> StartValue = {});
-    /// Celebrates and tells the end of the game. `drawPieces` brings the pieces back onto the board, and `text`
-    /// is asked after it.
+    /// Celebrates and tells the end of the game. `drawPieces` brings the pieces back onto the board, and
+    /// `text` is asked after it.
     template <class Text, class DrawPieces>
     void EndGame(Text text, DrawPieces drawPieces);
 

@@ -23,8 +23,8 @@ class MainForm : public Form {
     /// Fits the form to the screen. A minimised form is left alone.
     void ResizeObjects();
 
-    /// Colours the text of a seat's plate. The ground of the current player's stands out besides, and those of
-    /// seats that are not in the game are hidden.
+    /// Colours the text of a seat's plate. The ground of the current player's stands out besides, and those
+    /// of seats that are not in the game are hidden.
     void ColourPlate(Integer seat, Colour colour);
 
     /// The board's inner size in pixels.

@@ -29,8 +29,6 @@ void PlayState::ReDimForLoadedGame() {
     ReDimEqualArrays(*this);
 }
 
-Integer PlayState::PlayersInSpace(Integer sequence) const {
-    return Position.Count(sequence);
-}
+Integer PlayState::PlayersInSpace(Integer sequence) const { return Position.Count(sequence); }
 
 }  // namespace tabulon

@@ -8,10 +8,10 @@
 #include "app/program.h"
 #include "headless/headless_screen.h"
 #include "headless/no_shell.h"
-#include "setup/options.h"
 #include "platform/directories.h"
 #include "platform/seeded_random.h"
 #include "platform/text.h"
+#include "setup/options.h"
 
 namespace {
 
