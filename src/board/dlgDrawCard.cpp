@@ -13,7 +13,6 @@ namespace {
 
 constexpr int RowCount = 4;
 constexpr float OffScreen = -100000;  // twips
-constexpr Colour TextOnCard{27, 42, 65};
 
 // Pixels. Between two rows is room for the picture at the bottom, since the dialog may end there.
 constexpr int FirstRow = 140;
@@ -40,14 +39,14 @@ void DlgDrawCard::Design() {
     Caption = "Question";
     imgQuestion.Picture = Picture::Product("product/question");
     lblQuestion.ToolTipText = "Here's the question...";
-    lblQuestion.ForeColor = TextOnCard;
+    lblQuestion.ForeColor = TextOnPaper;
     lblQuestion.Centred = true;
     for (int i = 0; i < RowCount; ++i) {
         const std::string letter(1, static_cast<char>('A' + i));
         lblIdentifier[i].Caption = "&" + letter + ")";
         lblIdentifier[i].ToolTipText = "Click here, or tap the letter \"" + letter + "\"";
         lblAnswer[i].ToolTipText = lblIdentifier[i].ToolTipText;
-        lblIdentifier[i].ForeColor = TextOnCard;
+        lblIdentifier[i].ForeColor = TextOnPaper;
         lblIdentifier[i].Centred = true;
         lblIdentifier[i].TabStop = false;
         imgAnswer[i].Picture = Picture::Product("product/answer");

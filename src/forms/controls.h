@@ -26,6 +26,8 @@ struct Font {
 
 /// The usual colour of text on the ground of a form.
 inline constexpr Colour TextOnForms{255, 246, 227};
+/// And on the light ground of cards and notes.
+inline constexpr Colour TextOnPaper{27, 42, 65};
 
 enum class ControlKind : std::uint8_t {
     Label,

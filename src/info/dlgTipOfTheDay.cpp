@@ -10,7 +10,6 @@ namespace {
 
 constexpr int IdOffset = 100;
 constexpr std::int32_t LongestTip = 255;
-constexpr Colour TextOnPaper{27, 42, 65};
 
 }  // namespace
 
