@@ -72,9 +72,10 @@ class RecordingShell final : public Shell {
         Started.push_back(program);
         Arguments.push_back(arguments);
     }
-    bool PreviousInstance() override { return false; }
-    bool RaisePreviousInstance() override { return false; }
+    bool PreviousInstance() override { return HasPreviousInstance; }
+    bool RaisePreviousInstance() override { return HasPreviousInstance; }
 
+    bool HasPreviousInstance = false;
     std::vector<std::string> Opened;
     std::vector<std::filesystem::path> Started;
     std::vector<std::vector<std::string>> Arguments;  // of each start

@@ -1,0 +1,41 @@
+#include "app/program.h"
+
+#include <gmock/gmock.h>
+
+#include "support/test_machine.h"
+
+namespace tabulon {
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+/// A start with settings that cannot be opened, up to the chooser, at which nobody sits.
+struct TroubledStart {
+    test::TestMachine machine{"/proc/settings.db"};
+    Program program{{machine.TheScreen,
+                     machine.Clock,
+                     machine.Random,
+                     machine.Shell,
+                     machine.Player,
+                     machine.Store,
+                     {},
+                     machine.AppDir()}};
+};
+
+TEST(ProgramTest, TellsOfTroubleWithItsDataBeforeTheChooserOpens) {
+    TroubledStart start;
+    EXPECT_THROW(start.program.Main(), Stuck);
+    ASSERT_FALSE(start.machine.User.Boxes.empty());
+    EXPECT_THAT(start.machine.User.Boxes[0].Text, HasSubstr("Games may not start"));
+}
+
+TEST(ProgramTest, ASecondCopyHandsOverWithoutAWord) {
+    TroubledStart start;
+    start.machine.Shell.HasPreviousInstance = true;
+    EXPECT_THROW(start.program.Main(), ProgramEnd);
+    EXPECT_THAT(start.machine.User.BoxTexts(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace tabulon
