@@ -67,6 +67,17 @@ std::optional<std::size_t> Archive::FindFirst(std::string_view pattern) const {
 }
 
 std::string Archive::Read(std::size_t entry) {
+    const bool inOrder = entry > 0 && entry == m_expected;
+    if (m_ahead.valid()) m_ahead.wait();
+    std::string data = inOrder && m_ahead.valid() ? m_ahead.get() : Unpack(entry);
+    m_ahead = {};
+    m_expected = entry + 1;
+    // Where no thread is to be had, the next one is unpacked when it is asked for.
+    if (inOrder && m_expected < m_names.size()) m_ahead = std::async(&Archive::Unpack, this, m_expected);
+    return data;
+}
+
+std::string Archive::Unpack(std::size_t entry) {
     GoTo(entry);
     return ReadData(m_names[entry]);
 }

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <future>
 #include <memory>
 #include <optional>
 #include <string>
@@ -18,7 +19,8 @@ inline constexpr const char* PackagePassword =
     "D6708B39C2E74F16A9D53BC1087E46F2A35C9D07E1B84C62D39AF0C7E5B1462";
 
 /// A ZIP archive for reading: entries with WinZip AES or the older ZIP encryption under the PackagePassword,
-/// or with none. Entries are those with a bare file name; folders and hostile names are passed over.
+/// or with none. Entries are those with a bare file name; folders and hostile names are passed over. Who
+/// reads one entry after the other has the next one unpacked meanwhile, by a thread beside the caller's.
 class Archive {
   public:
     /// A file that is missing or is no archive has no entries. Fails when the archive breaks a limit.
@@ -54,16 +56,22 @@ class Archive {
     /// Goes on to the next entry with a bare file name; empty at the end.
     std::string NextName();
     void GoTo(std::size_t entry);
+    std::string Unpack(std::size_t entry);
     std::string ReadData(const std::string& name);
     [[noreturn]] void Fail(const std::string& name, const std::string& why);
 
     std::filesystem::path m_file;
     Version m_version;
     std::vector<std::string> m_names;
+    std::size_t m_expected = 0;  // the entry after the one that was read last
+
+    // In the hands of who unpacks.
     std::unique_ptr<archive, Closer> m_reader;
     std::size_t m_headers = 0;  // read since the opening
     std::size_t m_next = 0;     // the entry that NextName gives next
     std::uint64_t m_size = 0;   // of the entry that NextName gave, as the archive says
+
+    std::future<std::string> m_ahead;  // m_expected; the last member, because its end is waited for
 };
 
 }  // namespace tabulon

@@ -59,13 +59,16 @@ TEST_F(ArchiveTest, WhatIsWrittenIsNotReadableWithoutThePassword) {
     EXPECT_EQ(ReadFile(file, 1 << 20).find("Game Name"), std::string::npos);
 }
 
+/// Also against the order and twice, while another entry is being unpacked.
 TEST_F(ArchiveTest, EntriesAreReadInAnyOrder) {
     WriteSmallGame();
-    Archive archive(file);
-    EXPECT_EQ(archive.Read(3), SmallGame()[3].Bytes);
-    EXPECT_EQ(archive.Read(0), SmallGame()[0].Bytes);
-    EXPECT_EQ(archive.Read(0), SmallGame()[0].Bytes);
-    EXPECT_EQ(archive.Read(1), SmallGame()[1].Bytes);
+    constexpr std::size_t count = 4;
+    for (std::size_t order = 0; order < count * count * count * count; ++order) {
+        SCOPED_TRACE(order);
+        Archive archive(file);
+        for (std::size_t rest = order, reads = 0; reads < count; rest /= count, ++reads)
+            EXPECT_EQ(archive.Read(rest % count), SmallGame()[rest % count].Bytes);
+    }
 }
 
 TEST_F(ArchiveTest, AFailedWriteLeavesTheFormerFile) {
@@ -226,9 +229,13 @@ TEST_F(ArchiveTest, AnotherPasswordFails) {
 }
 
 TEST_F(ArchiveTest, ABombStopsAtTheLimitOfAnEntry) {
-    WriteArchive(file, std::vector<PackedFile>{{"bomb.xml", std::string(limits::EntryBytes + 1, '\0')}});
+    WriteArchive(
+        file, std::vector<PackedFile>{
+                  {"a.xml", "a"}, {"b.xml", "b"}, {"bomb.xml", std::string(limits::EntryBytes + 1, '\0')}});
     Archive archive(file);
-    EXPECT_EQ(FailureOf([&] { archive.Read(0); }), Unreadable);
+    EXPECT_EQ(archive.Read(0) + archive.Read(1), "ab");
+    EXPECT_EQ(FailureOf([&] { archive.Read(2); }), Unreadable);
+    EXPECT_EQ(archive.Read(0) + archive.Read(1), "ab") << "a failure leaves the others";
 }
 
 /// Where the headers of an entry say its unpacked size.
