@@ -9,7 +9,7 @@ packages=(
     libsdl2-mixer-dev libvorbis-dev
     librsvg2-bin imagemagick python3 python3-numpy vorbis-tools
     libchm-dev libxml2-dev fp-utils-3.2.2
-    fonts-comic-neue fonts-quicksand fonts-dejavu-core fonts-noto-color-emoji
+    fonts-comic-neue fonts-quicksand fonts-dejavu-core fonts-droid-fallback fonts-noto-color-emoji
 )
 if [ "${1:-}" = "--test" ]; then
     packages+=(
