@@ -6,7 +6,6 @@ namespace tabulon {
 namespace {
 
 constexpr int LongestName = 254;
-constexpr Colour FrameColour{168, 124, 79};
 constexpr const char* Ordinals[] = {"First", "Second", "Third", "Fourth", "Fifth", "Sixth"};
 
 // Pixels.

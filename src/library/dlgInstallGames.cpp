@@ -32,7 +32,7 @@ void DlgInstallGames::Design() {
     Label1.Caption = "A&vailable Games";
     Label1.Centred = true;
     Label1.Left = 0;
-    shpAvailableGames.FillColor = {168, 124, 79};
+    shpAvailableGames.FillColor = FrameColour;
     lstAvailableGames.Clear();
     lstAvailableGames.ToolTipText =
         "These are all of the games available on your computer that are not available for play";

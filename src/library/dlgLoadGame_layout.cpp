@@ -6,7 +6,6 @@ namespace tabulon {
 namespace {
 
 constexpr Colour TextColour{255, 255, 255};
-constexpr Colour FrameColour{255, 226, 138};
 
 // Pixels from the corner of the splash form.
 constexpr int SplashLeft = 115;

@@ -15,6 +15,9 @@ void PositionForm(Globals& g, Form& form, int width, int height, int top);
 void PositionObject(Globals& g, Control& object, int fontSize, float height, float left, float top,
                     float width);
 
+/// Of the frames that PositionShape puts around controls: a quiet one, so that the focus ring is the loudest.
+inline constexpr Colour FrameColour{143, 211, 200};
+
 /// Puts a frame 3 pixels out on the left and top, 4 on the right and bottom of a control.
 void PositionShape(Globals& g, Shape& shape, const Control& object);
 
