@@ -92,7 +92,7 @@ void DlgError::ShowDetailsWhole() {
     const int height = static_cast<int>(lblDetails.Height / twips);
     lblDetails.Font.Size = DesignSize(m_g).FontSize;
     while (lblDetails.Font.Size > smallest &&
-           m_g.TheScreen.TextHeight(lblDetails.Font, lblDetails.Caption, width) > height)
+           m_g.TheScreen.MeasureText(lblDetails.Font, lblDetails.Caption, width).Height > height)
         --lblDetails.Font.Size;
 }
 

@@ -13,6 +13,11 @@ inline constexpr int TwipsPerInch = 1440;
 
 enum class MousePointer { Default = 0, Hourglass = 11 };
 
+/// In pixels.
+struct TextExtent {
+    int Width = 0, Height = 0;
+};
+
 /// What forms are shown on. Forms are compared with what was last shown, and brought up to date, whenever the
 /// screen pumps events, sleeps or waits. Handlers and timers run in pumps and modal waits only.
 class Screen : public MessageBoxes {
@@ -41,8 +46,8 @@ class Screen : public MessageBoxes {
 
     /// Reads a picture; fails with FileNotFound, or with InvalidPicture for what is none or too large.
     virtual Picture LoadPicture(const std::filesystem::path& file) = 0;
-    /// The height in pixels of the text, wrapped at `width` pixels.
-    virtual int TextHeight(const Font& font, std::string_view text, int width) = 0;
+    /// How much room the text takes, wrapped between words at `width` pixels; a longer word makes it wider.
+    virtual TextExtent MeasureText(const Font& font, std::string_view text, int width) = 0;
 
     virtual int WidthPixels() const = 0;
     virtual int HeightPixels() const = 0;

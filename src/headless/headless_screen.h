@@ -55,7 +55,7 @@ class HeadlessScreen final : public Screen {
     MousePointer Pointer() const { return m_pointer; }
     Picture LoadPicture(const std::filesystem::path& file) override;
     /// Every text fits.
-    int TextHeight(const Font&, std::string_view, int) override { return 0; }
+    TextExtent MeasureText(const Font&, std::string_view, int) override { return {}; }
     int WidthPixels() const override { return m_size.Width; }
     int HeightPixels() const override { return m_size.Height; }
     int LogicalPixelsPerInch() const override { return m_size.PixelsPerInch; }

@@ -1,5 +1,7 @@
 #include "presentation/text_fitting.h"
 
+#include <algorithm>
+
 #include "platform/numbers.h"
 
 namespace tabulon {
@@ -53,10 +55,14 @@ void FitLabelText(Globals& g, Label& label) {
     Procedure(g.gErrHandler, "modMain:FitLabelText", [&] {
         const PixelPlace place(g, label);
         // The left edge counts twice, so a label further to the right wraps earlier than its width says.
-        const int wrapWidth = place.Width - 2 * place.Left;
-        while (place.Height < g.TheScreen.TextHeight(label.Font, label.Caption, wrapWidth)) {
+        int wrapWidth = place.Width - 2 * place.Left;
+        while (true) {
+            const TextExtent extent = g.TheScreen.MeasureText(label.Font, label.Caption, wrapWidth);
+            if (extent.Height <= place.Height) return;
             if (label.Font.Size <= 1) throw Failure(FailureNumber::InvalidPropertyValue);
             --label.Font.Size;
+            // What the longest word needed stays: smaller words find room beside each other.
+            wrapWidth = std::max(wrapWidth, extent.Width);
         }
     });
 }
@@ -65,7 +71,7 @@ Integer TextHeight(Globals& g, const std::string& fontName, int fontSize) {
     constexpr int Unwrapped = 32767;
     Integer height = 0;
     Procedure(g.gErrHandler, "modMain:TextHeight", [&] {
-        const int pixels = g.TheScreen.TextHeight(Font{fontName, fontSize, false}, "Gg", Unwrapped);
+        const int pixels = g.TheScreen.MeasureText({fontName, fontSize, false}, "Gg", Unwrapped).Height;
         height = ToInteger(static_cast<double>(pixels) * g.TheScreen.TwipsPerPixelY());
     });
     return height;

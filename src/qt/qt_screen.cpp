@@ -148,8 +148,8 @@ Picture QtScreen::LoadPicture(const std::filesystem::path& file) {
     return {PictureSet::File, 0, {}, ReadPictureFile(file)};
 }
 
-int QtScreen::TextHeight(const Font& font, std::string_view text, int width) {
-    return WrappedTextHeight(font, text, width);
+TextExtent QtScreen::MeasureText(const Font& font, std::string_view text, int width) {
+    return WrappedTextExtent(font, text, width);
 }
 
 int QtScreen::WidthPixels() const { return QGuiApplication::primaryScreen()->geometry().width(); }

@@ -50,7 +50,7 @@ class QtScreen final : public Screen {
     void SetMousePointer(MousePointer pointer) override;
 
     Picture LoadPicture(const std::filesystem::path& file) override;
-    int TextHeight(const Font& font, std::string_view text, int width) override;
+    TextExtent MeasureText(const Font& font, std::string_view text, int width) override;
 
     int WidthPixels() const override;
     int HeightPixels() const override;

@@ -62,10 +62,11 @@ QString ToolTip(std::string_view text) {
     return Qt::mightBeRichText(plain) ? "<p>" + plain.toHtmlEscaped() + "</p>" : plain;
 }
 
-int WrappedTextHeight(const Font& font, std::string_view text, int width) {
-    if (text.empty()) return 0;
+TextExtent WrappedTextExtent(const Font& font, std::string_view text, int width) {
+    if (text.empty()) return {};
     const QRect room(0, 0, std::max(1, width), AnyHeight);
-    return QFontMetrics(ToQt(font)).boundingRect(room, LabelTextFlags, ToQt(text)).height();
+    const QRect taken = QFontMetrics(ToQt(font)).boundingRect(room, LabelTextFlags, ToQt(text));
+    return {taken.width(), taken.height()};
 }
 
 int ToPixels(float units, float unitsPerPixel) {

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "forms/controls.h"
+#include "forms/screen.h"
 
 namespace tabulon {
 
@@ -27,8 +27,8 @@ QChar AccessKey(std::string_view caption);
 /// A tool tip that shows the text as it stands, also where it looks like markup.
 QString ToolTip(std::string_view text);
 
-/// The height in pixels of a label's text that is wrapped at `width` pixels.
-int WrappedTextHeight(const Font& font, std::string_view text, int width);
+/// The room that a label's text takes when it is wrapped at `width` pixels.
+TextExtent WrappedTextExtent(const Font& font, std::string_view text, int width);
 
 /// Rounds twips to pixels; a control inside a picture box has pixels already (a scale of 1).
 int ToPixels(float units, float unitsPerPixel);

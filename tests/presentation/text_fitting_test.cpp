@@ -16,10 +16,12 @@ class MeasuringScreen final : public Screen {
   public:
     explicit MeasuringScreen(int pixelsPerInch) : m_pixelsPerInch(pixelsPerInch) {}
 
-    int TextHeight(const Font& font, std::string_view text, int width) override {
+    TextExtent MeasureText(const Font& font, std::string_view text, int width) override {
         Widths.push_back(width);
+        const int word = LongestWord * font.Size;
+        const int room = std::max(width, word);
         const int length = static_cast<int>(text.size()) * font.Size;
-        return (length + width - 1) / width * 2 * font.Size;
+        return {word, (length + room - 1) / room * 2 * font.Size};
     }
     void Show(Form&) override {}
     void ShowModal(Form&) override {}
@@ -37,6 +39,7 @@ class MeasuringScreen final : public Screen {
         return BoxAnswer::Ok;
     }
 
+    int LongestWord = 0;  // characters
     std::vector<int> Widths;
 
   private:
@@ -116,6 +119,19 @@ TEST(FitLabelTextTest, FailsWhenOnePointIsTooHigh) {
     EXPECT_THAT(m.errors, ElementsAre("modMain:FitLabelText"));
     EXPECT_EQ(label.Font.Size, 1);
     EXPECT_EQ(m.g.gErrHandler.StackTop, 0);
+}
+
+TEST(FitLabelTextTest, KeepsTheRoomThatTheLongestWordNeeded) {
+    MeasuringMachine m;
+    m.screen.LongestWord = 5;
+    Form form(m.screen, "form");
+    Label label(form, "label");
+    label.Move(80 * 15, 0, 100 * 15, 40 * 15);
+    label.Caption = std::string(20, 'x');
+    label.Font.Size = 10;
+    FitLabelText(m.g, label);
+    EXPECT_EQ(label.Font.Size, 6);
+    EXPECT_THAT(m.screen.Widths, ElementsAre(-60, 50, 50, 50, 50));
 }
 
 TEST(FitLabelTextTest, PlacesInAPictureBoxArePixels) {

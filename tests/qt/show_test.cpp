@@ -221,12 +221,17 @@ TEST_F(Showing, ShowsAnUnloadedFormAfresh) {
 
 TEST_F(Showing, MeasuresTextAsLabelsWrapIt) {
     const Font font{"DejaVu Sans", 10, false};
-    const int line = screen.TextHeight(font, "Gg", 500);
+    const auto height = [&](const char* text, int width) {
+        return screen.MeasureText(font, text, width).Height;
+    };
+    const int line = height("Gg", 500);
     EXPECT_GT(line, 0);
-    EXPECT_EQ(screen.TextHeight(font, "one two three", 500), line);
-    EXPECT_EQ(screen.TextHeight(font, "one two three", 1), 3 * line);
-    EXPECT_EQ(screen.TextHeight(font, "one two", -40), 2 * line);
-    EXPECT_EQ(screen.TextHeight(font, "<br><br>x", 500), line);
+    EXPECT_EQ(height("one two three", 500), line);
+    EXPECT_EQ(height("one two three", 1), 3 * line);
+    EXPECT_EQ(height("one two", -40), 2 * line);
+    EXPECT_EQ(height("<br><br>x", 500), line);
+    EXPECT_EQ(screen.MeasureText(font, "a longest a", 1).Width,
+              screen.MeasureText(font, "longest", 500).Width);
 }
 
 }  // namespace
