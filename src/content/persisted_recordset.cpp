@@ -78,12 +78,14 @@ bool IsWide(std::string_view bytes) {
            bytes.substr(0, 4).find('\0') != std::string_view::npos;
 }
 
-/// Names are looked up in every element around, and so among all of its attributes.
+/// Names are looked up in every element around, and so among all of its attributes. Rows have none inside.
 struct SizeGuard final : pugi::xml_tree_walker {
     bool for_each(pugi::xml_node& node) override {
+        return depth() < limits::ContentDepth && (!node.first_child() || HasFewAttributes(node));
+    }
+    static bool HasFewAttributes(pugi::xml_node node) {
         const auto attributes = node.attributes();
-        return depth() < limits::ContentDepth &&
-               std::distance(attributes.begin(), attributes.end()) <= limits::ElementAttributes;
+        return std::distance(attributes.begin(), attributes.end()) <= limits::ElementAttributes;
     }
 };
 
@@ -243,7 +245,10 @@ const PersistedRecordset::Column& PersistedRecordset::Row::Found(std::string_vie
 }
 
 pugi::xml_attribute PersistedRecordset::Row::Attribute(const Column& column) const {
-    return m_node.attribute(column.Attribute.c_str(), m_nextAttribute);
+    const bool isNext = column.Attribute == m_nextAttribute.name();
+    const pugi::xml_attribute found = isNext ? m_nextAttribute : m_node.attribute(column.Attribute.c_str());
+    if (found) m_nextAttribute = found.next_attribute();
+    return found;
 }
 
 std::string_view PersistedRecordset::Row::Raw(const Column& column) const {

@@ -29,7 +29,8 @@ class PersistedRecordset {
 
     class Row {
       public:
-        Row(const PersistedRecordset& table, pugi::xml_node node) : m_table(&table), m_node(node) {}
+        Row(const PersistedRecordset& table, pugi::xml_node node)
+            : m_table(&table), m_node(node), m_nextAttribute(node.first_attribute()) {}
 
         /// The value as text, numbers in their shortest form. All four fail with ItemNotFound for a column
         /// that the table does not have, with InvalidUseOfNull for a null, with TypeMismatch or Overflow for
