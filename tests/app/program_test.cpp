@@ -7,20 +7,12 @@
 namespace tabulon {
 namespace {
 
-using testing::HasSubstr;
-using testing::IsEmpty;
+using namespace testing;
 
 /// A start with settings that cannot be opened, up to the chooser, at which nobody sits.
 struct TroubledStart {
     test::TestMachine machine{"/proc/settings.db"};
-    Program program{{machine.TheScreen,
-                     machine.Clock,
-                     machine.Random,
-                     machine.Shell,
-                     machine.Player,
-                     machine.Store,
-                     {},
-                     machine.AppDir()}};
+    Program program{machine.With(machine.TheScreen)};
 };
 
 TEST(ProgramTest, TellsOfTroubleWithItsDataBeforeTheChooserOpens) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <fstream>
+#include <sstream>
 
 #include "headless/play_user.h"
 #include "support/test_machine.h"
@@ -30,6 +30,12 @@ struct Rules {
 /// "question Quit this game?", "card 0", "box The text", "error frmMain:RunSlots 9".
 class TableUser final : public PlayUser {
   public:
+    /// All events in one line: "silence; sound good_roll".
+    std::string Story() const {
+        std::string story;
+        for (const std::string& event : Events) story += (story.empty() ? "" : "; ") + event;
+        return story;
+    }
     std::vector<std::string> TakeEvents() { return std::exchange(Events, {}); }
 
     std::deque<GameChoice> Choices;
@@ -97,6 +103,14 @@ std::vector<T> Values(const Array<T>& array) {
     std::vector<T> values;
     for (int i = 0; i <= array.UBound(); ++i) values.push_back(array[i]);
     return values;
+}
+
+/// "1 4 7".
+template <class T>
+std::string InWords(const Array<T>& array) {
+    std::ostringstream words;
+    for (const auto& value : Values(array)) words << (words.tellp() ? " " : "") << value;
+    return words.str();
 }
 
 /// The header of a bitmap: all that the headless screen reads of a picture.

@@ -88,19 +88,27 @@ class TestMachine {
   public:
     explicit TestMachine(const std::filesystem::path& settings = ":memory:") : TestMachine(96, settings) {}
     explicit TestMachine(int pixelsPerInch, const std::filesystem::path& settings = ":memory:")
-        : TheScreen(User, {1024, 768, pixelsPerInch}),
-          Store(settings),
-          g({TheScreen, Clock, Random, Shell, Player, Store, Application(), AppDir()}) {
+        : TheScreen(User, {1024, 768, pixelsPerInch}), Store(settings), g(With(TheScreen, Player)) {
         std::filesystem::create_directory(AppDir());
-        g.AppDir = AppDir();
-        g.SmallFonts = pixelsPerInch == 96;
-        g.gErrHandler.ShowDetails = [](const std::string&) {};
-        g.gErrHandler.AfterHandlerCalled = [this] {
-            Errors.push_back(g.gErrHandler.ErrorProc + " " + std::to_string(g.gErrHandler.ErrorNumber));
-        };
+        SetUp(g);
     }
 
     std::filesystem::path AppDir() const { return Folder / "data"; }
+    /// The machine with another screen, or another player of sounds.
+    Machine With(Screen& screen, OggPlayer& player) {
+        return {screen, Clock, Random, Shell, player, Store, Application(), AppDir()};
+    }
+    Machine With(Screen& screen) { return With(screen, Player); }
+    Machine With(OggPlayer& player) { return With(TheScreen, player); }
+    /// As Main leaves it; its failures go into Errors.
+    void SetUp(Globals& globals) {
+        globals.AppDir = AppDir();
+        globals.SmallFonts = globals.TheScreen.LogicalPixelsPerInch() == 96;
+        globals.gErrHandler.ShowDetails = [](const std::string&) {};
+        globals.gErrHandler.AfterHandlerCalled = [this, &handler = globals.gErrHandler] {
+            Errors.push_back(handler.ErrorProc + " " + std::to_string(handler.ErrorNumber));
+        };
+    }
 
     TemporaryDirectory Folder;
     ScriptedUser User;

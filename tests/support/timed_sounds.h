@@ -38,21 +38,17 @@ class WaitingUser final : public HeadlessUser {
 
 /// A machine with sounds of a length.
 struct SoundingMachine {
-    SoundingMachine() {
-        g.AppDir = machine.AppDir();
-        g.SmallFonts = true;
+    explicit SoundingMachine(int pixelsPerInch = 96) : screen(user, {1024, 768, pixelsPerInch}) {
+        machine.SetUp(g);
         g.SoundOn = true;
-        g.gErrHandler.ShowDetails = [](const std::string&) {};
-        g.gErrHandler.AfterHandlerCalled = [this] { errors.push_back(g.gErrHandler.ErrorProc); };
     }
 
     TestMachine machine;
     WaitingUser user;
-    HeadlessScreen screen{user};
+    HeadlessScreen screen;
     TimedPlayer player{screen};
-    Globals g{
-        {screen, machine.Clock, machine.Random, machine.Shell, player, machine.Store, {}, machine.AppDir()}};
-    std::vector<std::string> errors;
+    Globals g{machine.With(screen, player)};
+    std::vector<std::string>& errors = machine.Errors;
 };
 
 }  // namespace tabulon::test
