@@ -9,30 +9,20 @@ namespace {
 
 using test::PlayTable;
 
-TEST(BoardReaderTest, SaysNothingBeforeAGame) {
-    test::TestMachine machine;
-    MainForm form(machine.g);
-    EXPECT_EQ(DescribeBoard(form), "");
-}
-
 TEST(BoardReaderTest, TellsWhoStandsWhereAndWhoseTurnItIs) {
-    PlayTable table({.Seats = 2});
-    table.Turn(4);
-    EXPECT_EQ(DescribeBoard(table.Form()),
+    test::TestMachine machine;
+    EXPECT_EQ(DescribeBoard(MainForm(machine.g)), "") << "before a game";
+    PlayTable points({.Seats = 2});
+    points.Turn(4);
+    EXPECT_EQ(DescribeBoard(points.Form()),
               "It is Ben's turn. Ann is on space 5 of 10, Points: 0. Ben is on space 1 of 10, Points: 0.");
-}
-
-TEST(BoardReaderTest, TellsAResumedGameByItsOwnSlots) {
-    PlayTable table({.GoalType = Goal::Money});
-    table.Resume({3, 7}, 2);
-    EXPECT_EQ(DescribeBoard(table.Form()),
+    PlayTable resumed({.GoalType = Goal::Money});
+    resumed.Resume({3, 7}, 2);
+    EXPECT_EQ(DescribeBoard(resumed.Form()),
               "It is Ben's turn. Ann is on space 3 of 10, Money: 0. Ben is on space 7 of 10, Money: 0.");
-}
-
-TEST(BoardReaderTest, TellsNoAmountsInARaceAndThatItIsOver) {
-    PlayTable table({.Seats = 1, .GoalType = Goal::EndOfBoard});
-    table.State().GameOver = true;
-    EXPECT_EQ(DescribeBoard(table.Form()), "The game is over. Ann is on space 1 of 10.");
+    PlayTable race({.Seats = 1, .GoalType = Goal::EndOfBoard});
+    race.State().GameOver = true;
+    EXPECT_EQ(DescribeBoard(race.Form()), "The game is over. Ann is on space 1 of 10.");
 }
 
 class RollReader : public testing::Test {
@@ -52,10 +42,14 @@ class RollReader : public testing::Test {
 
 TEST_F(RollReader, KeepsARollWithItsRollerWhenTheTurnHasPassed) {
     EXPECT_EQ(HeardAfter(8), "Ann has 8.");
+    EXPECT_EQ(table.Form().picMainBoard.AccessibleName, DescribeBoard(table.Form()));
     table.State().WhoseTurn = 2;
     reader.Follow();
     EXPECT_EQ(table.Form().lblSpoken.Caption, "Ann has 8.");
     EXPECT_EQ(HeardAfter(8), "Ben has 8.");
+    table.State().LastRoll = 0;
+    reader.Follow();
+    EXPECT_EQ(table.Form().lblSpoken.Caption, "") << "until the device has its number";
 }
 
 TEST_F(RollReader, NamesTheFacesOfSeveralDice) {
@@ -66,18 +60,6 @@ TEST_F(RollReader, NamesTheFacesOfSeveralDice) {
     EXPECT_EQ(HeardAfter(3), "Ann has 3.");
     form.imgDice[1].Visible = true;
     EXPECT_EQ(HeardAfter(8), "Ann has 8 (3 and 5).");
-}
-
-TEST_F(RollReader, IsSilentUntilTheDeviceHasItsNumber) {
-    HeardAfter(8);
-    table.State().LastRoll = 0;
-    reader.Follow();
-    EXPECT_EQ(table.Form().lblSpoken.Caption, "");
-}
-
-TEST_F(RollReader, KeepsTheBoardInWords) {
-    reader.Follow();
-    EXPECT_EQ(table.Form().picMainBoard.AccessibleName, DescribeBoard(table.Form()));
 }
 
 }  // namespace

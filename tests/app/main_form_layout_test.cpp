@@ -6,14 +6,12 @@
 namespace tabulon {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+using namespace testing;
 
 class LayoutTest : public testing::TestWithParam<int> {
   protected:
     LayoutTest() {
-        g.SmallFonts = GetParam() == 96;
-        g.gErrHandler.AfterHandlerCalled = [this] { ++errors; };
+        machine.SetUp(g);
         form.Load();
         form.RepositionElements();
     }
@@ -26,9 +24,8 @@ class LayoutTest : public testing::TestWithParam<int> {
 
     test::TestMachine machine;
     HeadlessScreen screen{machine.User, {1280, 1024, GetParam()}};
-    Globals g{{screen, machine.Clock, machine.Random, machine.Shell, machine.Player, machine.Store, {}, {}}};
+    Globals g{machine.With(screen)};
     MainForm form{g};
-    int errors = 0;
 };
 
 TEST_P(LayoutTest, IsTheSameInPixels) {
@@ -42,26 +39,21 @@ TEST_P(LayoutTest, IsTheSameInPixels) {
     EXPECT_THAT(PlaceOf(form.picMainBoard), ElementsAre(testing::_, testing::_, 617, 424));
     EXPECT_EQ(form.BoardWidth(), 617);
     EXPECT_EQ(form.BoardHeight(), 424);
-    EXPECT_EQ(errors, 0);
+    EXPECT_THAT(machine.Errors, IsEmpty());
 }
 
 TEST_P(LayoutTest, SoundButtonsStandWhereTheirRowSays) {
     if (g.SmallFonts) return;
-    for (const Control* button : {&form.cmdSoundOff, &form.cmdSoundOn}) {
-        EXPECT_EQ(button->Width, 480);
-        EXPECT_EQ(button->Top, 64);
-        EXPECT_EQ(button->Left, 6536);
-        EXPECT_EQ(button->Height, 348);
-    }
+    for (const Control* button : {&form.cmdSoundOff, &form.cmdSoundOn})
+        EXPECT_EQ((std::vector{button->Left, button->Top, button->Width, button->Height}),
+                  (std::vector{6536.0f, 64.0f, 480.0f, 348.0f}));
     EXPECT_EQ(form.cmdTabulon.FontTextCaption.Size, 8);
 }
 
 TEST_P(LayoutTest, FitsTheScreen) {
     form.ResizeObjects();
-    EXPECT_EQ(Pixels(form.Width), 1280);
-    EXPECT_EQ(Pixels(form.Height), 1024);
-    EXPECT_EQ(form.Left, 0);
-    EXPECT_EQ(form.Top, 0);
+    EXPECT_EQ((std::vector{form.Left, form.Top, Pixels(form.Width), Pixels(form.Height)}),
+              (std::vector{0.0f, 0.0f, 1280.0f, 1024.0f}));
     EXPECT_EQ(Pixels(form.imgRound.Left), 1280 - 177);
     EXPECT_EQ(Pixels(form.lblRound.Left - form.imgRound.Left), 24);
     EXPECT_EQ(Pixels(form.lblRound.Top - form.imgRound.Top), 15);
@@ -69,7 +61,7 @@ TEST_P(LayoutTest, FitsTheScreen) {
               form.imgRound.Left + form.imgRound.Width / 2);
     EXPECT_EQ(Right(form.cmdQuit), 1280);
     EXPECT_EQ(Pixels(form.cmdQuit.Left) - Right(form.cmdMinimizeWindow), 3);
-    EXPECT_EQ(errors, 0);
+    EXPECT_THAT(machine.Errors, IsEmpty());
 }
 
 TEST_P(LayoutTest, GivesTheBoardTheMainArea) {
@@ -128,10 +120,6 @@ TEST(LayoutAtSmallFontsTest, TheDesignStands) {
     test::TestMachine machine;
     MainForm form(machine.g);
     form.Load();
-    EXPECT_EQ(form.picMainBoard.Width, 9255);
-    EXPECT_EQ(form.picMainBoard.Height, 6360);
-    EXPECT_EQ(form.picOverview.Width, 2055);
-    EXPECT_EQ(form.picOverview.Height, 1935);
     for (Control* control : form.Controls) control->Left += 1;
     const float left = form.cmdNew.Left;
     form.RepositionElements();

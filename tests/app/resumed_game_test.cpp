@@ -8,67 +8,62 @@ namespace {
 using test::People;
 using test::PlayTable;
 using test::Values;
-using testing::Contains;
-using testing::ElementsAre;
+using namespace testing;
 
+/// Tops of plates in pixels, at a density; a name stands some of them above the top of its character.
 struct Density {
-    int PixelsPerInch;
-    int NameAbove;  // pixels above the top of the character
+    int PixelsPerInch, NameAbove;
+    float InPixels(float twips) const { return twips * static_cast<float>(PixelsPerInch) / 1440; }
+    float NameTop(FrmMain& form, int i) const {
+        return InPixels(form.lblName[i].Top - form.imgCharacter[i].Top);
+    }
+    float PointsBelowName(FrmMain& form, int points, int name) const {
+        return InPixels(form.lblPoints[points].Top - form.lblName[name].Top - form.lblName[name].Height);
+    }
 };
 
-class PlateLayoutTest : public testing::TestWithParam<Density> {
-  protected:
-    const float pixel = 1440.0f / static_cast<float>(GetParam().PixelsPerInch);
-};
+const Density Densities[] = {{96, 4}, {120, 9}};
 
-TEST_P(PlateLayoutTest, OfPoints) {
-    PlayTable table({.Seats = 2, .PixelsPerInch = GetParam().PixelsPerInch});
-    FrmMain& form = table.Form();
-    for (int i = 0; i < 2; ++i) {
-        EXPECT_EQ(form.lblName[i].Top,
-                  form.imgCharacter[i].Top - static_cast<float>(GetParam().NameAbove) * pixel);
-        EXPECT_EQ(form.lblPoints[i].Top, form.lblName[i].Top + form.lblName[i].Height + 2 * pixel);
-        EXPECT_TRUE(form.lblPoints[i].Visible);
-        EXPECT_EQ(form.lblPoints[i].Caption, "Points: 0");
+TEST(PlateTest, OfANewGameStandWithTheirCharacters) {
+    for (const Density& at : Densities) {
+        PlayTable points({.Seats = 2, .PixelsPerInch = at.PixelsPerInch});
+        for (int i = 0; i < 2; ++i) {
+            EXPECT_EQ(at.NameTop(points.Form(), i), -at.NameAbove);
+            EXPECT_EQ(at.PointsBelowName(points.Form(), i, i), 2);
+            EXPECT_TRUE(points.Form().lblPoints[i].Visible);
+            EXPECT_EQ(points.Form().lblPoints[i].Caption, "Points: 0");
+        }
+        EXPECT_FALSE(points.Form().lblPoints[2].Visible);
+
+        PlayTable race({.Seats = 2, .GoalType = Goal::EndOfBoard, .PixelsPerInch = at.PixelsPerInch});
+        EXPECT_EQ(at.NameTop(race.Form(), 1), 4);
+        EXPECT_FALSE(race.Form().lblPoints[0].Visible || race.Form().lblPoints[1].Visible);
     }
-    EXPECT_FALSE(form.lblPoints[2].Visible);
 }
 
-TEST_P(PlateLayoutTest, OfARace) {
-    PlayTable table({.Seats = 2, .GoalType = Goal::EndOfBoard, .PixelsPerInch = GetParam().PixelsPerInch});
-    FrmMain& form = table.Form();
-    EXPECT_EQ(form.lblName[1].Top, form.imgCharacter[1].Top + 4 * pixel);
-    EXPECT_FALSE(form.lblPoints[0].Visible || form.lblPoints[1].Visible);
-}
+TEST(PlateTest, OfAResumedGameHaveTheirTopsOnTheNextPlate) {
+    for (const Density& at : Densities) {
+        PlayTable money({.Seats = 2, .GoalType = Goal::Money, .PixelsPerInch = at.PixelsPerInch});
+        FrmMain& form = money.Form();
+        form.lblName[0].Top = 77;
+        form.lblPoints[2].Top = 88;
+        money.State().Points.ReDim(2);
+        money.Resume({3, 5});
+        EXPECT_EQ(form.lblName[0].Top, 77);
+        for (int seat = 1; seat <= 2; ++seat) {
+            EXPECT_EQ(at.NameTop(form, seat), -2);
+            EXPECT_EQ(at.PointsBelowName(form, seat - 1, seat), 2);
+            EXPECT_EQ(form.lblPoints[seat - 1].Caption, "Money: 0");
+        }
+        EXPECT_EQ(form.lblPoints[2].Top, 88);
 
-TEST_P(PlateLayoutTest, OfAResumedGameHasItsTopsOnTheNextPlate) {
-    PlayTable table({.Seats = 2, .GoalType = Goal::Money, .PixelsPerInch = GetParam().PixelsPerInch});
-    FrmMain& form = table.Form();
-    form.lblName[0].Top = 77;
-    form.lblPoints[2].Top = 88;
-    table.State().Points.ReDim(2);
-    table.Resume({3, 5});
-    EXPECT_EQ(form.lblName[0].Top, 77);
-    for (int seat = 1; seat <= 2; ++seat) {
-        EXPECT_EQ(form.lblName[seat].Top, form.imgCharacter[seat].Top - 2 * pixel);
-        EXPECT_EQ(form.lblPoints[seat - 1].Top,
-                  form.lblName[seat].Top + form.lblName[seat].Height + 2 * pixel);
-        EXPECT_EQ(form.lblPoints[seat - 1].Caption, "Money: 0");
+        PlayTable race({.Seats = 2, .GoalType = Goal::EndOfBoard, .PixelsPerInch = at.PixelsPerInch});
+        race.Form().lblPoints[1].Visible = true;
+        race.Resume({3, 5});
+        EXPECT_EQ(at.NameTop(race.Form(), 2), 4);
+        EXPECT_FALSE(race.Form().lblPoints[1].Visible);
     }
-    EXPECT_EQ(form.lblPoints[2].Top, 88);
 }
-
-TEST_P(PlateLayoutTest, OfAResumedRace) {
-    PlayTable table({.Seats = 2, .GoalType = Goal::EndOfBoard, .PixelsPerInch = GetParam().PixelsPerInch});
-    FrmMain& form = table.Form();
-    form.lblPoints[1].Visible = true;
-    table.Resume({3, 5});
-    EXPECT_EQ(form.lblName[2].Top, form.imgCharacter[2].Top + 4 * pixel);
-    EXPECT_FALSE(form.lblPoints[1].Visible);
-}
-
-INSTANTIATE_TEST_SUITE_P(Densities, PlateLayoutTest, testing::Values(Density{96, 4}, Density{120, 9}),
-                         [](const auto& row) { return "Dpi" + std::to_string(row.param.PixelsPerInch); });
 
 TEST(ResumedGameTest, BeginsWithNothingOfTheSavesBooleans) {
     PlayTable table({.TurnDevice = Device::Dice});
