@@ -71,35 +71,39 @@ class DlgDrawCardTest : public testing::Test {
 
 struct KeyRow {
     const char* Name;
-    int Key;
-    int Shift;
+    int Key, Shift;
     int Chosen;  // -1 for an attempt without an answer
 };
 
-class CardKeyTest : public DlgDrawCardTest, public testing::WithParamInterface<KeyRow> {};
-
-TEST_P(CardKeyTest, AnswersOrLeaves) {
-    const KeyRow& row = GetParam();
-    Press(row.Key, row.Shift);
-    Show();
-    EXPECT_EQ(chosen, row.Chosen < 0 ? std::vector<int>{} : std::vector<int>{row.Chosen});
-    EXPECT_EQ(done, row.Chosen >= 0);
-    EXPECT_EQ(correct, row.Chosen == 1);
-    EXPECT_EQ(action, row.Chosen < 0 ? 0 : row.Chosen == 1 ? 6 : 5);
-    EXPECT_EQ(data1, row.Chosen < 0 ? 0 : row.Chosen == 1 ? 10 : 20);
-    EXPECT_EQ(tries, row.Chosen < 0 || row.Chosen == 1 ? 1 : 0);
-    EXPECT_TRUE(result);
-    EXPECT_FALSE(dialog.Loaded);
-    EXPECT_THAT(machine.errors, IsEmpty());
+TEST_F(DlgDrawCardTest, KeysAnswerOrLeave) {
+    const KeyRow rows[] = {
+        {"Escape", Key::Escape, 0, -1},
+        {"A", Key::A, 0, 0},
+        {"B", Key::B, 0, 1},
+        {"C", Key::C, 0, 2},
+        {"D", Key::D, 0, 3},
+        {"AltB", Key::B, Key::Alt, 1},
+        {"ShiftControlD", Key::D, Key::Shift | Key::Control, 3},
+    };
+    for (const KeyRow& row : rows) {
+        SCOPED_TRACE(row.Name);
+        const bool answers = row.Chosen >= 0, right = row.Chosen == 1;
+        chosen.clear();
+        tries = 1;
+        done = false;
+        Press(row.Key, row.Shift);
+        Show();
+        EXPECT_EQ(chosen, answers ? std::vector{row.Chosen} : std::vector<int>{});
+        EXPECT_EQ(done, answers);
+        EXPECT_EQ(correct, right);
+        EXPECT_EQ(action, !answers ? 0 : right ? 6 : 5);
+        EXPECT_EQ(data1, !answers ? 0 : right ? 10 : 20);
+        EXPECT_EQ(tries, !answers || right ? 1 : 0);
+        EXPECT_TRUE(result);
+        EXPECT_FALSE(dialog.Loaded);
+        EXPECT_THAT(machine.errors, IsEmpty());
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Keys, CardKeyTest,
-                         testing::Values(KeyRow{"A", Key::A, 0, 0}, KeyRow{"B", Key::B, 0, 1},
-                                         KeyRow{"C", Key::C, 0, 2}, KeyRow{"D", Key::D, 0, 3},
-                                         KeyRow{"AltB", Key::B, Key::Alt, 1},
-                                         KeyRow{"ShiftControlD", Key::D, Key::Shift | Key::Control, 3},
-                                         KeyRow{"Escape", Key::Escape, 0, -1}),
-                         [](const auto& row) { return row.param.Name; });
 
 TEST_F(DlgDrawCardTest, OtherKeysDoNothing) {
     for (const int key : {Key::Enter, Key::Space, Key::A - 1, Key::D + 1, Key::O})
@@ -130,58 +134,53 @@ TEST_F(DlgDrawCardTest, ARowIsClickedOnItsLetterOrItsText) {
 TEST_F(DlgDrawCardTest, ShowsTheCardWithItsAmpersands) {
     card.message = "Salt & pepper && more";
     card.Answer2 = "R&B";
-    Press(Key::Escape);
-    cardActs.push_front([this] {
+    cardActs.push_back([this] {
         EXPECT_EQ(dialog.lblQuestion.Caption, "Salt && pepper &&&& more");
         EXPECT_EQ(dialog.lblAnswer[1].Caption, "R&&B");
         EXPECT_EQ(dialog.lblIdentifier[1].Caption, "&B)");
         EXPECT_EQ(dialog.lblAnswer[3].ToolTipText, "Click here, or tap the letter \"D\"");
         EXPECT_EQ(dialog.lblIdentifier[0].ToolTipText, "Click here, or tap the letter \"A\"");
         EXPECT_EQ(dialog.lblQuestion.ToolTipText, "Here's the question...");
+        dialog.KeyUp(Key::Escape, 0);
     });
     Show();
 }
 
-struct RowsRow {
+struct AnswerRows {
     const char* Name;
     const char* Answers[4];
-    bool Shown[4];
+    const char* Shown;
     int EndsAt;  // row, or -1 for the whole dialog
 };
 
-class CardRowsTest : public DlgDrawCardTest, public testing::WithParamInterface<RowsRow> {};
-
-TEST_P(CardRowsTest, BlankOnesCutTheDialog) {
-    const RowsRow& row = GetParam();
-    card.Answer1 = row.Answers[0];
-    card.Answer2 = row.Answers[1];
-    card.Answer3 = row.Answers[2];
-    card.Answer4 = row.Answers[3];
-    cardActs.push_back([this, &row] {
-        for (int i = 0; i < 4; ++i) {
-            EXPECT_EQ(dialog.lblAnswer[i].Visible, row.Shown[i]) << i;
-            EXPECT_EQ(dialog.lblIdentifier[i].Visible, row.Shown[i]) << i;
-        }
-        EXPECT_EQ(dialog.Height, row.EndsAt < 0 ? 544 * 15 : dialog.lblAnswer[row.EndsAt].Top);
-        EXPECT_EQ(dialog.imgBottom.Top, dialog.Height - dialog.imgBottom.Height - 5);
-        dialog.KeyUp(Key::D, 0);
-    });
-    Show();
-    EXPECT_THAT(chosen, ElementsAre(3)) << "the key of a hidden row works";
-    Press(Key::Escape);
-    card.Answer2 = card.Answer3 = card.Answer4 = "There";
-    cardActs.push_front([this] { EXPECT_TRUE(dialog.lblAnswer[3].Visible && dialog.lblAnswer[1].Visible); });
-    Show();
+TEST_F(DlgDrawCardTest, BlankAnswersCutTheDialog) {
+    const AnswerRows rows[] = {
+        {"All", {"a", "b", "c", "d"}, "ABCD", -1},
+        {"Two", {"a", "b", "", " "}, "AB", 2},
+        {"None", {"", "", "", ""}, "A", 1},
+        {"GapAboveAFilledRow", {"a", "b", " ", "d"}, "ABD", 2},
+        {"TwoBlanksAreAText", {"a", "b", "c", "  "}, "ABCD", -1},
+    };
+    for (const AnswerRows& row : rows) {
+        SCOPED_TRACE(row.Name);
+        chosen.clear();
+        std::string* answers[] = {&card.Answer1, &card.Answer2, &card.Answer3, &card.Answer4};
+        for (int i = 0; i < 4; ++i) *answers[i] = row.Answers[i];
+        cardActs.push_back([this, &row] {
+            std::string shown;
+            for (int i = 0; i < 4; ++i) {
+                if (dialog.lblAnswer[i].Visible) shown += static_cast<char>('A' + i);
+                EXPECT_EQ(dialog.lblIdentifier[i].Visible, dialog.lblAnswer[i].Visible) << i;
+            }
+            EXPECT_EQ(shown, row.Shown);
+            EXPECT_EQ(dialog.Height, row.EndsAt < 0 ? 544 * 15 : dialog.lblAnswer[row.EndsAt].Top);
+            EXPECT_EQ(dialog.imgBottom.Top, dialog.Height - dialog.imgBottom.Height - 5);
+            dialog.KeyUp(Key::D, 0);
+        });
+        Show();
+        EXPECT_THAT(chosen, ElementsAre(3)) << "the key of a hidden row works";
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Answers, CardRowsTest,
-    testing::Values(RowsRow{"All", {"a", "b", "c", "d"}, {true, true, true, true}, -1},
-                    RowsRow{"Two", {"a", "b", "", " "}, {true, true, false, false}, 2},
-                    RowsRow{"None", {"", "", "", ""}, {true, false, false, false}, 1},
-                    RowsRow{"GapAboveAFilledRow", {"a", "b", " ", "d"}, {true, true, false, true}, 2},
-                    RowsRow{"TwoBlanksAreAText", {"a", "b", "c", "  "}, {true, true, true, true}, -1}),
-    [](const auto& row) { return row.param.Name; });
 
 TEST_F(DlgDrawCardTest, CountsTheTries) {
     game->Tries = tries = 3;
@@ -327,8 +326,7 @@ TEST_F(DlgDrawCardTest, AComputerPicksOnceHoweverLongItsMessageStands) {
 
 struct StaysRow {
     const char* Name;
-    int CorrectAnswer;
-    int Tries;
+    int CorrectAnswer, Tries;
     const char* CorrectMessage;
 };
 
@@ -340,8 +338,7 @@ TEST_P(CardStaysTest, OpenForAComputer) {
     game->Tries = GetParam().Tries;
     machine.machine.Random.Numbers = {0};
     EXPECT_THROW(Show(true), Stuck);
-    EXPECT_TRUE(dialog.Visible);
-    EXPECT_TRUE(dialog.Done);
+    EXPECT_TRUE(dialog.Visible && dialog.Done);
     EXPECT_FALSE(dialog.Timer1.Enabled);
 }
 

@@ -76,8 +76,7 @@ TEST_F(MessageTest, KeysCloseAMessage) {
 
 struct Closing {
     const char* Name;
-    bool Computer;
-    bool Waits;
+    bool Computer, Waits;
     int Sound;    // milliseconds
     int ClickAt;  // -1: nobody clicks
     int ClosesAt;
@@ -102,17 +101,18 @@ TEST_P(ClosingTest, ComesInTime) {
     EXPECT_EQ(machine.g.gErrHandler.StackTop, 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Messages, ClosingTest,
-                         testing::Values(Closing{"ComputerAfterASecond", true, false, 5000, -1, 1000},
-                                         Closing{"ComputerAfterAShortSound", true, true, 300, -1, 1000},
-                                         Closing{"ComputerAfterALongSound", true, true, 2500, -1, 2500},
-                                         Closing{"ComputerWithFourTicksInTheWait", true, true, 4990, -1,
-                                                 4990},
-                                         Closing{"ComputerClickedBefore", true, false, 0, 0, 0},
-                                         Closing{"HumanAtTheClick", false, false, 5000, 0, 0},
-                                         Closing{"HumanMuchLater", false, false, 300, 60000, 60000},
-                                         Closing{"HumanWaitsForTheSound", false, true, 2500, 0, 2500},
-                                         Closing{"HumanAfterTheSound", false, true, 2500, 7000, 7000}),
+const Closing Closings[] = {
+    {"ComputerAfterASecond", true, false, 5000, -1, 1000},
+    {"ComputerAfterAShortSound", true, true, 300, -1, 1000},
+    {"ComputerAfterALongSound", true, true, 2500, -1, 2500},
+    {"ComputerWithFourTicksInTheWait", true, true, 4990, -1, 4990},
+    {"ComputerClickedBefore", true, false, 0, 0, 0},
+    {"HumanAtTheClick", false, false, 5000, 0, 0},
+    {"HumanMuchLater", false, false, 300, 60000, 60000},
+    {"HumanWaitsForTheSound", false, true, 2500, 0, 2500},
+    {"HumanAfterTheSound", false, true, 2500, 7000, 7000},
+};
+INSTANTIATE_TEST_SUITE_P(Messages, ClosingTest, testing::ValuesIn(Closings),
                          [](const auto& row) { return row.param.Name; });
 
 TEST_F(MessageTest, ThePointerTurnsBackWithinASecondOfTheSoundsEnd) {
@@ -131,21 +131,20 @@ TEST_F(MessageTest, ThePointerTurnsBackWithinASecondOfTheSoundsEnd) {
 }
 
 TEST_F(MessageTest, KeysAnswerAQuestion) {
-    struct Row {
+    const struct {
         int Key, Shift;
         bool Answers, Yes;
-    };
-    const Row rows[] = {{Key::Y, Key::Alt, true, true},
-                        {Key::N, Key::Alt, true, false},
-                        {Key::Enter, 0, true, true},
-                        {Key::Space, 0, true, true},
-                        {Key::Space, Key::Shift, true, true},
-                        {Key::Y, 0, false, false},
-                        {Key::N, 0, false, false},
-                        {Key::Enter, Key::Alt, false, false},
-                        {Key::Escape, 0, false, false},
-                        {Key::Y, Key::Alt | Key::Shift, false, false}};
-    for (const Row& row : rows) {
+    } rows[] = {{Key::Y, Key::Alt, true, true},
+                {Key::N, Key::Alt, true, false},
+                {Key::Enter, 0, true, true},
+                {Key::Space, 0, true, true},
+                {Key::Space, Key::Shift, true, true},
+                {Key::Y, 0, false, false},
+                {Key::N, 0, false, false},
+                {Key::Enter, Key::Alt, false, false},
+                {Key::Escape, 0, false, false},
+                {Key::Y, Key::Alt | Key::Shift, false, false}};
+    for (const auto& row : rows) {
         At(0, [&] {
             dlgMsgYesNo.ActiveControl = &dlgMsgYesNo.cmdNo;
             EXPECT_EQ(dlgMsgYesNo.KeyDown(row.Key, row.Shift), row.Answers);
@@ -168,33 +167,23 @@ TEST_F(MessageTest, AQuestionThatIsClosedGetsTheLastAnswer) {
     EXPECT_TRUE(Ask());
 }
 
-TEST_F(MessageTest, HaveTheirSizesAtBothDensities) {
+TEST(MessageSizeTest, IsTheSameInPixelsAtBothDensities) {
     for (const int density : {96, 120}) {
-        HeadlessScreen screen(machine.user, {1024, 768, density});
-        Globals g({screen,
-                   machine.machine.Clock,
-                   machine.machine.Random,
-                   machine.machine.Shell,
-                   machine.player,
-                   machine.machine.Store,
-                   {},
-                   machine.machine.AppDir()});
-        g.SmallFonts = density == 96;
-        const float twips = density == 96 ? 15 : 12;
-        FrmGameMusic sounds(g, packages);
-        DlgMsgOk ok(g, sounds);
+        test::SoundingMachine machine(density);
+        const float twips = machine.screen.TwipsPerPixelX();
+        modInstallUninstall packages(machine.g);
+        FrmGameMusic music(machine.g, packages);
+        DlgMsgOk ok(machine.g, music);
         machine.user.Do = [&](Form&) {
             EXPECT_EQ(ok.Width, 457 * twips);
             EXPECT_EQ(ok.Height, 233 * twips);
-            EXPECT_EQ(ok.lblMsg.Width, density == 96 ? 6375 : 5100);
-            EXPECT_EQ(ok.lblMsg.Left, density == 96 ? 240 : 192);
-            EXPECT_EQ(ok.lblMsg.Top, density == 96 ? 360 : 288);
-            EXPECT_EQ(ok.lblMsg.Height, density == 96 ? 1935 : 1548);
+            EXPECT_THAT((std::vector{ok.lblMsg.Left, ok.lblMsg.Top, ok.lblMsg.Width, ok.lblMsg.Height}),
+                        ElementsAre(16 * twips, 24 * twips, 425 * twips, 129 * twips));
             EXPECT_EQ(ok.lblMsg.Font.Size, density == 96 ? 18 : 14);
             ok.cmdOk.Click();
             return true;
         };
-        ok.ShowMessage(game, "Hello", false, false);
+        ok.ShowMessage(CGame(machine.g, packages), "Hello", false, false);
     }
 }
 

@@ -76,32 +76,30 @@ struct Standing {
     std::vector<std::string> Pieces;
 };
 
-class StandingTest : public PiecesTest, public testing::WithParamInterface<Standing> {};
-
-TEST_P(StandingTest, IsTheSameInNewAndResumedGames) {
-    for (const bool loaded : {false, true}) {
-        Array<Integer> positions;
-        const int seats = static_cast<int>(GetParam().Positions.size());
-        positions.ReDim(loaded ? seats : seats - 1);
-        for (int i = 0; i < seats; ++i)
-            positions[loaded ? i + 1 : i] = GetParam().Positions[static_cast<std::size_t>(i)];
-        Seat(positions, loaded);
-        pieces.Draw();
-        EXPECT_EQ(Shown(), GetParam().Pieces) << loaded;
-        EXPECT_THAT(machine.Errors, IsEmpty());
+TEST_F(PiecesTest, StandAlikeInNewAndResumedGames) {
+    const Standing rows[] = {
+        {"One", {3}, {"Ann 300,30"}},
+        {"TwoAndOne", {2, 4, 2}, {"Ann 200,20", "Ben 400,40", "Cid 230,20"}},
+        {"SixOnOne",
+         {1, 1, 1, 1, 1, 1},
+         {"Ann 100,10", "Ben 110,10", "Cid 120,10", "Dot 130,10", "Eve 140,10", "Fay 150,10"}},
+        {"ThirdsOfAPixel", {5, 5, 5}, {"Ann 500,50", "Ben 516.6667,50", "Cid 533.3333,50"}},
+    };
+    for (const Standing& row : rows) {
+        for (const bool loaded : {false, true}) {
+            SCOPED_TRACE(row.Name + std::string(loaded ? " resumed" : " new"));
+            Array<Integer> positions;
+            const int seats = static_cast<int>(row.Positions.size());
+            positions.ReDim(loaded ? seats : seats - 1);
+            for (int i = 0; i < seats; ++i)
+                positions[loaded ? i + 1 : i] = row.Positions[static_cast<std::size_t>(i)];
+            Seat(positions, loaded);
+            pieces.Draw();
+            EXPECT_EQ(Shown(), row.Pieces);
+        }
     }
+    EXPECT_THAT(machine.Errors, IsEmpty());
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Boards, StandingTest,
-    testing::Values(
-        Standing{"One", {3}, {"Ann 300,30"}},
-        Standing{"TwoAndOne", {2, 4, 2}, {"Ann 200,20", "Ben 400,40", "Cid 230,20"}},
-        Standing{"SixOnOne",
-                 {1, 1, 1, 1, 1, 1},
-                 {"Ann 100,10", "Ben 110,10", "Cid 120,10", "Dot 130,10", "Eve 140,10", "Fay 150,10"}},
-        Standing{"ThirdsOfAPixel", {5, 5, 5}, {"Ann 500,50", "Ben 516.6667,50", "Cid 533.3333,50"}}),
-    [](const auto& row) { return row.param.Name; });
 
 TEST_F(PiecesTest, WhoIsOnNoSpaceStaysHiddenInANewGame) {
     game->Spaces.Add(0, 7, 7, 7, 7, 0, "", 0, 0, "");
@@ -125,36 +123,29 @@ TEST_F(PiecesTest, TheEmptySlotTakesRoomOnASpaceOfItsNumber) {
     EXPECT_THAT(Shown(), ElementsAre("Ann 200,20", "Ben 230,20"));
 }
 
-struct Plate {
-    const char* Name;
-    int GoalType;
-    const char* Caption;
-    const char* ToolTip;
-};
-
-class PlateTest : public PiecesTest, public testing::WithParamInterface<Plate> {};
-
-TEST_P(PlateTest, ShowsTheNewPlayers) {
-    frmMain.State.GoalType = GetParam().GoalType;
-    frmMain.State.Points = {4, 5, 6, 7};
-    EXPECT_TRUE(SetNames([this] { Enter(); }));
-    EXPECT_THAT(Values(frmMain.State.Points), ElementsAre(0, 0, 0));
-    EXPECT_THAT(Values(frmMain.State.Name), ElementsAre("Ann", "Ben"));
-    EXPECT_THAT(Values(frmMain.State.PieceName), ElementsAre("(Aliens) 1", "(Aliens) 2"));
-    EXPECT_EQ(frmMain.lblName[1].Caption, "Ben");
-    EXPECT_EQ(frmMain.lblPoints[1].Caption, GetParam().Caption);
-    EXPECT_EQ(frmMain.lblPoints[1].ToolTipText, GetParam().ToolTip);
-    EXPECT_EQ(frmMain.imgPlayingPiece[1].ToolTipText, "Ben");
-    EXPECT_EQ(frmMain.imgCharacter[1].ToolTipText, "Ben's playing piece");
-    EXPECT_EQ(frmMain.imgCharacter[2].ToolTipText, "Third player's playing piece");
-    EXPECT_EQ(frmMain.imgPlayingPiece[1].Picture, Picture::Piece(2));
+TEST_F(PiecesTest, PlatesShowTheNewPlayers) {
+    const struct {
+        int GoalType;
+        const char *Caption, *ToolTip;
+    } rows[] = {{2, "Points: 0", "Second player's points"},
+                {0, "Points: 0", "Ben's points"},
+                {1, "Money: 0", "Ben's money"}};
+    for (const auto& row : rows) {
+        frmMain.State.GoalType = row.GoalType;
+        frmMain.State.Points = {4, 5, 6, 7};
+        EXPECT_TRUE(SetNames([this] { Enter(); }));
+        EXPECT_EQ(test::InWords(frmMain.State.Points), "0 0 0");
+        EXPECT_EQ(test::InWords(frmMain.State.Name), "Ann Ben");
+        EXPECT_THAT(Values(frmMain.State.PieceName), ElementsAre("(Aliens) 1", "(Aliens) 2"));
+        EXPECT_EQ(frmMain.lblName[1].Caption, "Ben");
+        EXPECT_EQ(frmMain.lblPoints[1].Caption, row.Caption);
+        EXPECT_EQ(frmMain.lblPoints[1].ToolTipText, row.ToolTip);
+        EXPECT_EQ(frmMain.imgPlayingPiece[1].ToolTipText, "Ben");
+        EXPECT_EQ(frmMain.imgCharacter[1].ToolTipText, "Ben's playing piece");
+        EXPECT_EQ(frmMain.imgCharacter[2].ToolTipText, "Third player's playing piece");
+        EXPECT_EQ(frmMain.imgPlayingPiece[1].Picture, Picture::Piece(2));
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Goals, PlateTest,
-                         testing::Values(Plate{"Points", 0, "Points: 0", "Ben's points"},
-                                         Plate{"Money", 1, "Money: 0", "Ben's money"},
-                                         Plate{"Race", 2, "Points: 0", "Second player's points"}),
-                         [](const auto& row) { return row.param.Name; });
 
 TEST_F(PiecesTest, CancelLeavesTheNamesAndTakesPiecesAndFlags) {
     PlayState& state = frmMain.State;

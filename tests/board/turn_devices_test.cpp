@@ -1,6 +1,7 @@
 #include "board/turn_devices.h"
 
 #include <gmock/gmock.h>
+#include <numeric>
 
 #include "support/play_fixture.h"
 
@@ -13,9 +14,8 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr const char* FocusText =
-    "box Turn device not specified correctly.\r\n\r\nThe game may be corrupted, and may\r\nneed to be "
-    "reinstalled "
-    "or repackaged.";
+    "box Turn device not specified correctly.\r\n\r\n"
+    "The game may be corrupted, and may\r\nneed to be reinstalled or repackaged.";
 
 /// The devices of a table, without the turns around them.
 struct DeviceTable : PlayTable {
@@ -28,6 +28,15 @@ struct DeviceTable : PlayTable {
         return TheScreen.Milliseconds() - before;
     }
     int Rolled() { return State().LastRoll.Value(); }
+    bool ButtonsAreEnabled() {
+        return Form().cmdNew.Enabled && Form().cmdRoll.Enabled && Form().cmdSpin.Enabled &&
+               Form().cmdQuit.Enabled;
+    }
+    bool ShowsDice() {
+        for (Image& die : Form().imgDice)
+            if (die.Visible) return true;
+        return false;
+    }
 
     TurnDevices devices{G(), Form(), TheProgram.frmGameMusic, TheProgram.frmSlots};
 };
@@ -56,18 +65,15 @@ TEST(DiceTest, WhoLeavesDuringTheRollIsShownNothingMore) {
     EXPECT_THAT(table.Random.Numbers, testing::SizeIs(1)) << "the second die is not rolled";
 }
 
-struct Countless : testing::TestWithParam<int> {};
-
-TEST_P(Countless, DevicesCelebrateNothing) {
-    DeviceTable table(Rules{.TurnDevice = GetParam(), .DiceUsed = -3, .MaxSlotValue = 9});
-    table.Random.Numbers = {0.5f};
-    table.State().RollDouble = {true, true, true, true};
-    (table.devices.*(GetParam() == Device::Dice ? &TurnDevices::RollDice : &TurnDevices::RunSlots))();
-    EXPECT_TRUE(table.State().RollDouble[table.State().RuleA(table.State().WhoseTurn)]);
+TEST(DeviceTest, WithoutACountNothingIsCelebrated) {
+    for (const int device : {Device::Dice, Device::Slots}) {
+        DeviceTable table(Rules{.TurnDevice = device, .DiceUsed = -3, .MaxSlotValue = 9});
+        table.Random.Numbers = {0.5f};
+        table.State().RollDouble = {true, true, true, true};
+        (table.devices.*(device == Device::Dice ? &TurnDevices::RollDice : &TurnDevices::RunSlots))();
+        EXPECT_TRUE(table.State().RollDouble[table.State().RuleA(table.State().WhoseTurn)]) << device;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(All, Countless, testing::Values(Device::Dice, Device::Slots),
-                         [](const auto& row) { return row.param == Device::Dice ? "Dice" : "Slots"; });
 
 TEST(DiceTest, FramesBelowOneAreDrawnAgainAndNoneIsAbove22) {
     DeviceTable table(1);
@@ -95,52 +101,39 @@ TEST(DiceTest, TheNumberOfRoundsIsDrawnAndWasted) {
 
 TEST(DiceTest, ShowTheirCourseAndThenHide) {
     DeviceTable table(2);
-    struct Seen {
-        std::int64_t At;
-        int Dice;
-        bool New, Roll, Quit;
-        int LastRoll;
-    };
-    std::vector<Seen> seen;
+    std::vector<std::int64_t> seenAt;
     const std::int64_t start = table.TheScreen.Milliseconds();
     Form watcher(table.TheScreen, "watcher");
     Timer timer(watcher, "timer", 1, true);
     timer.Tick = [&] {
-        int shown = 0;
-        for (Image& die : table.Form().imgDice) shown += die.Visible;
-        seen.push_back({table.TheScreen.Milliseconds() - start, shown, table.Form().cmdNew.Enabled,
-                        table.Form().cmdRoll.Enabled, table.Form().cmdQuit.Enabled, table.Rolled()});
+        seenAt.push_back(table.TheScreen.Milliseconds() - start);
+        EXPECT_TRUE(table.Form().imgDice[0].Visible && table.Form().imgDice[1].Visible);
+        EXPECT_FALSE(table.Form().imgDice[2].Visible);
+        EXPECT_FALSE(table.Form().cmdNew.Enabled || table.Form().cmdRoll.Enabled ||
+                     table.Form().cmdQuit.Enabled);
+        EXPECT_EQ(table.Rolled(), 0);
     };
     watcher.Load();
     table.State().LastRoll = 77;
     table.Roll({6, 6});
     table.devices.HideAndCenterImages(2);
     table.devices.RollDice();
-    ASSERT_EQ(seen.size(), 5u) << "one in each round but the first";
-    for (std::size_t i = 0; i < seen.size(); ++i) {
-        EXPECT_EQ(seen[i].At, 300 * (static_cast<int>(i) + 1));
-        EXPECT_EQ(seen[i].Dice, 2);
-        EXPECT_FALSE(seen[i].New || seen[i].Roll || seen[i].Quit);
-        EXPECT_EQ(seen[i].LastRoll, 0);
-    }
-    for (Image& die : table.Form().imgDice) EXPECT_FALSE(die.Visible);
-    EXPECT_TRUE(table.Form().cmdNew.Enabled && table.Form().cmdRoll.Enabled && table.Form().cmdQuit.Enabled);
+    EXPECT_THAT(seenAt, ElementsAre(300, 600, 900, 1200, 1500)) << "in each round but the first";
+    EXPECT_FALSE(table.ShowsDice());
+    EXPECT_TRUE(table.ButtonsAreEnabled());
     EXPECT_EQ(table.Form().ActiveControl, &table.Form().cmdRoll);
 }
 
-struct Centred {
-    int Dice;
-    int BoardWidth;
-    std::vector<float> Lefts;
-};
-
 TEST(DiceTest, StandInARowALittleRightOfTheMiddle) {
-    const Centred rows[] = {{1, 600, {276}},
-                            {2, 600, {251, 320}},
-                            {3, 600, {226, 295, 364}},
-                            {2, 617, {259, 328}},
-                            {6, 600, {153, 222, 291, 360, 429, 498}}};
-    for (const Centred& row : rows) {
+    const struct {
+        int Dice, BoardWidth;
+        std::vector<float> Lefts;
+    } rows[] = {{1, 600, {276}},
+                {2, 600, {251, 320}},
+                {3, 600, {226, 295, 364}},
+                {2, 617, {259, 328}},
+                {6, 600, {153, 222, 291, 360, 429, 498}}};
+    for (const auto& row : rows) {
         DeviceTable table(row.Dice);
         table.Form().picMainBoard.Width = static_cast<float>(15 * row.BoardWidth);
         table.devices.HideAndCenterImages(0);
@@ -154,52 +147,52 @@ TEST(DiceTest, StandInARowALittleRightOfTheMiddle) {
 struct Double {
     const char* Name;
     std::vector<int> Values;
-    int Celebrations;  // of the dice
-    int ReelCelebrations;
+    int DiceCelebrations, ReelCelebrations;
 };
 
-class DoubleTest : public testing::TestWithParam<Double> {
-  protected:
-    static std::vector<std::string> Celebrated(int times) {
-        std::vector<std::string> events;
-        for (int i = 0; i < times; ++i) events.insert(events.end(), {"silence", "sound good_roll"});
-        return events;
-    }
-    static void ExpectSettled(DeviceTable& table, int celebrations) {
-        EXPECT_EQ(table.User.Events, Celebrated(celebrations));
-        EXPECT_EQ(table.State().RollDouble[0], celebrations == 0);
-        EXPECT_EQ(table.State().RollDouble[1], true) << "of the seat before the mover in no case";
-        int sum = 0;
-        for (const int value : GetParam().Values) sum += value;
-        EXPECT_EQ(table.Rolled(), sum);
-    }
+const Double Doubles[] = {
+    {"OneNever", {4}, 0, 0},
+    {"None", {1, 2, 3}, 0, 0},
+    {"Pair", {4, 4}, 1, 2},
+    {"PairApart", {4, 1, 4}, 1, 2},
+    {"Three", {2, 2, 2}, 1, 6},
+    {"TwoPairs", {1, 2, 1, 2}, 1, 4},
+    {"LastTwoOfFive", {1, 2, 3, 5, 5}, 1, 2},
 };
 
-TEST_P(DoubleTest, OfDiceIsSettledAtTheFirstPair) {
-    DeviceTable table(static_cast<int>(GetParam().Values.size()));
-    table.State().RollDouble = {true, true, true, true};
-    table.Roll(GetParam().Values);
-    EXPECT_EQ(table.Timed(&TurnDevices::RollDice), 4800 + 50 * GetParam().Celebrations);
-    ExpectSettled(table, GetParam().Celebrations);
+void ExpectSettled(DeviceTable& table, const Double& row, int celebrations) {
+    std::string story;
+    for (int i = 0; i < celebrations; ++i)
+        story += (i == 0 ? "" : "; ") + std::string("silence; sound good_roll");
+    EXPECT_EQ(table.User.Story(), story);
+    EXPECT_EQ(table.State().RollDouble[0], celebrations == 0);
+    EXPECT_TRUE(table.State().RollDouble[1]) << "of the seat before the mover in no case";
+    EXPECT_EQ(table.Rolled(), std::accumulate(row.Values.begin(), row.Values.end(), 0));
 }
 
-TEST_P(DoubleTest, OfReelsIsCelebratedTwiceForEachPair) {
-    const int reels = static_cast<int>(GetParam().Values.size());
-    DeviceTable table(Reels(reels));
-    table.State().RollDouble = {true, true, true, true};
-    table.Spin(GetParam().Values);
-    EXPECT_EQ(table.Timed(&TurnDevices::RunSlots),
-              reels * (4 * 15 + 350) + 750 + 50 * GetParam().ReelCelebrations);
-    ExpectSettled(table, GetParam().ReelCelebrations);
+TEST(DoubleTest, OfDiceIsSettledAtTheFirstPair) {
+    for (const Double& row : Doubles) {
+        SCOPED_TRACE(row.Name);
+        DeviceTable table(static_cast<int>(row.Values.size()));
+        table.State().RollDouble = {true, true, true, true};
+        table.Roll(row.Values);
+        EXPECT_EQ(table.Timed(&TurnDevices::RollDice), 4800 + 50 * row.DiceCelebrations);
+        ExpectSettled(table, row, row.DiceCelebrations);
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(Values, DoubleTest,
-                         testing::Values(Double{"OneNever", {4}, 0, 0}, Double{"None", {1, 2, 3}, 0, 0},
-                                         Double{"Pair", {4, 4}, 1, 2}, Double{"PairApart", {4, 1, 4}, 1, 2},
-                                         Double{"Three", {2, 2, 2}, 1, 6},
-                                         Double{"TwoPairs", {1, 2, 1, 2}, 1, 4},
-                                         Double{"LastTwoOfFive", {1, 2, 3, 5, 5}, 1, 2}),
-                         [](const auto& row) { return row.param.Name; });
+TEST(DoubleTest, OfReelsIsCelebratedTwiceForEachPair) {
+    for (const Double& row : Doubles) {
+        SCOPED_TRACE(row.Name);
+        const int reels = static_cast<int>(row.Values.size());
+        DeviceTable table(Reels(reels));
+        table.State().RollDouble = {true, true, true, true};
+        table.Spin(row.Values);
+        EXPECT_EQ(table.Timed(&TurnDevices::RunSlots),
+                  reels * (4 * 15 + 350) + 750 + 50 * row.ReelCelebrations);
+        ExpectSettled(table, row, row.ReelCelebrations);
+    }
+}
 
 TEST(DiceTest, NobodyWaitsForADoubleThatIsNotOrdered) {
     DeviceTable table(2);
@@ -225,7 +218,7 @@ TEST(DiceTest, AFailureBringsTheButtonsBack) {
     table.devices.RollDice();
     EXPECT_THAT(table.User.Events, ElementsAre("error frmMain:RollDice 9"));
     EXPECT_EQ(table.Rolled(), 0);
-    EXPECT_TRUE(table.Form().cmdNew.Enabled && table.Form().cmdRoll.Enabled && table.Form().cmdQuit.Enabled);
+    EXPECT_TRUE(table.ButtonsAreEnabled());
 }
 
 TEST(ReelsTest, SixReportAfterTheFullSum) {
@@ -236,57 +229,53 @@ TEST(ReelsTest, SixReportAfterTheFullSum) {
     EXPECT_THAT(table.User.Events, ElementsAre("error frmMain:RunSlots 9"));
     EXPECT_EQ(table.Rolled(), 20);
     EXPECT_TRUE(table.State().RollDouble[0]);
-    EXPECT_TRUE(table.Form().cmdNew.Enabled && table.Form().cmdSpin.Enabled && table.Form().cmdQuit.Enabled);
+    EXPECT_TRUE(table.ButtonsAreEnabled());
     EXPECT_EQ(table.Form().ActiveControl, &table.Form().cmdSpin);
 }
 
 TEST(ReelsTest, DisableTheButtonsWhileTheyRun) {
     DeviceTable table(Reels(1));
     table.Spin({4});
-    bool enabled = true;
     Form watcher(table.TheScreen, "watcher");
     Timer timer(watcher, "timer", 0, true);
+    int looks = 0;
     timer.Tick = [&] {
-        timer.Enabled = false;
-        enabled = table.Form().cmdNew.Enabled || table.Form().cmdSpin.Enabled || table.Form().cmdQuit.Enabled;
+        timer.Enabled = ++looks < 1;
+        EXPECT_FALSE(table.Form().cmdNew.Enabled || table.Form().cmdSpin.Enabled ||
+                     table.Form().cmdQuit.Enabled);
         EXPECT_TRUE(table.TheProgram.frmSlots.Visible);
     };
     watcher.Load();
     table.devices.HideAndCenterImages(0);
     table.devices.RunSlots();
-    EXPECT_FALSE(enabled);
-    for (Image& die : table.Form().imgDice) EXPECT_FALSE(die.Visible);
+    EXPECT_EQ(looks, 1);
+    EXPECT_FALSE(table.ShowsDice());
 }
 
-struct Shown {
-    int Kind;
-    const char* Button;
-    const char* Twin;
-};
-
 TEST(TurnButtonTest, ShowsTheOneOfItsKind) {
-    const Shown rows[] = {{3, "cmdPass", "&Pass"},       {0, "cmdRoll", "&Roll Dice"},
-                          {2, "cmdRoll", "&Roll Dice"},  {1, "cmdSpin", "&Spin Slots"},
-                          {4, "cmdSpin", "&Spin Slots"}, {-1, "cmdSpin", "&Spin Slots"}};
+    const struct {
+        int Kind;
+        const char *Button, *Twin;
+    } rows[] = {{3, "cmdPass", "&Pass"},       {0, "cmdRoll", "&Roll Dice"},  {2, "cmdRoll", "&Roll Dice"},
+                {1, "cmdSpin", "&Spin Slots"}, {4, "cmdSpin", "&Spin Slots"}, {-1, "cmdSpin", "&Spin Slots"}};
     DeviceTable table(1);
-    for (const Shown& row : rows) {
+    MainForm& form = table.Form();
+    for (const auto& row : rows) {
         table.devices.SetTurnDeviceButton(row.Kind);
-        for (const PictureButton* button :
-             {&table.Form().cmdRoll, &table.Form().cmdSpin, &table.Form().cmdPass})
+        for (const PictureButton* button : {&form.cmdRoll, &form.cmdSpin, &form.cmdPass})
             EXPECT_EQ(button->Visible, button->Name == row.Button) << row.Kind;
-        EXPECT_EQ(table.Form().cmdFakeRoll.Caption, row.Twin);
+        EXPECT_EQ(form.cmdFakeRoll.Caption, row.Twin);
     }
 }
 
 TEST(TurnButtonTest, OnlyTheDevicesOwnIsToggled) {
-    const std::pair<int, const char*> rows[] = {{0, "cmdRoll"}, {1, "cmdSpin"}, {2, ""}, {3, ""}};
-    for (const auto& [device, name] : rows) {
+    for (const auto& [device, name] : {std::pair{0, "cmdRoll"}, {1, "cmdSpin"}, {2, ""}, {3, ""}}) {
         DeviceTable table(1);
+        MainForm& form = table.Form();
         table.Game().TurnDevice = device;
         table.devices.SetTurnDeviceButton(Device::Pass);
         table.devices.ToggleTurnDeviceButton(false);
-        for (const PictureButton* button :
-             {&table.Form().cmdRoll, &table.Form().cmdSpin, &table.Form().cmdPass})
+        for (const PictureButton* button : {&form.cmdRoll, &form.cmdSpin, &form.cmdPass})
             EXPECT_EQ(button->Enabled, button->Name != name) << device;
     }
 }
