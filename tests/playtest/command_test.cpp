@@ -57,6 +57,7 @@ INSTANTIATE_TEST_SUITE_P(
            ArgumentCase{"NegativeNumber", {"a.gam", "--jobs", "-1"}, 2, "-1"},
            ArgumentCase{"SevenSeats", {"a.gam", "--seats", "7"}, 2, "from 1 to 6"},
            ArgumentCase{"NoTurns", {"a.gam", "--max-turns", "0"}, 2, "--max-turns"},
+           ArgumentCase{"ReportWithoutName", {"a.gam", "--report", ""}, 2, "--report"},
            ArgumentCase{"ScriptWithoutFile", {"--script"}, 2, "--script"},
            ArgumentCase{"ScriptWithOptions", {"--script", "a.json", "--json"}, 2, "--script"},
            ArgumentCase{"MissingPackage", {"/nowhere/a.gam"}, 1, "/nowhere/a.gam: No such file"},
@@ -96,11 +97,27 @@ INSTANTIATE_TEST_SUITE_P(
     Given, BadScript,
     Values(
         ScriptCase{"NoJson", "roll\nthe dice", "parse error"}, ScriptCase{"Empty", "", "parse error"},
-        ScriptCase{"AList", "[]", "array"}, ScriptCase{"NoPackage", "{}", "package"},
+        ScriptCase{"AList", "[]", "no object, but array"}, ScriptCase{"NoPackage", "{}", "package"},
         ScriptCase{"MissingPackage", ScriptWith(""), "none.gam: No such file"},
         ScriptCase{"UnknownControl", ScriptWith(R"(, "steps": [{"click": "cmdJump"}])"),
                    "unknown control \"cmdJump\""},
-        ScriptCase{"UnknownStep", ScriptWith(R"(, "steps": [{"press": "R"}])"), "click"},
+        ScriptCase{"UnknownStep", ScriptWith(R"(, "steps": [{"click": "cmdRoll"}, {"press": "R"}])"),
+                   "step 2: key 'click' not found"},
+        ScriptCase{"AnswersThatAreNoList", ScriptWith(R"(, "steps": [{"click": "cmdNew", "yes": true}])"),
+                   "step 1: \"yes\" is no list, but boolean"},
+        ScriptCase{"HalfASavedGame",
+                   ScriptWith(R"(, "steps": [{"click": "cmdLoadGame", "choose": [{"saved": 0.5}]}])"),
+                   "a whole number, not 0.5"},
+        ScriptCase{"NeitherNewNorSaved",
+                   ScriptWith(R"(, "steps": [{"click": "cmdLoadGame", "choose": [{"new": false}]}])"),
+                   "neither a new nor a saved game"},
+        ScriptCase{"PlayersThatAreNoList",
+                   R"({"package": "none.gam", "clock": "2026-01-05T14:30:00", "players": null})",
+                   "\"players\" is no list, but null"},
+        ScriptCase{
+            "FlagAsRandomNumber",
+            R"({"package": "none.gam", "clock": "2026-01-05T14:30:00", "players": [], "random": [false]})",
+            "no number: false"},
         ScriptCase{"UnknownCardAnswer", ScriptWith(R"(, "steps": [{"click": "cmdRoll", "cards": ["E"]}])"),
                    "unknown card answer"},
         ScriptCase{"NumberBeyondOne",
@@ -110,30 +127,52 @@ INSTANTIATE_TEST_SUITE_P(
                    "no package"},
         ScriptCase{"NoSuchDay", R"({"package": "none.gam", "clock": "2026-02-30T14:30:00", "players": []})",
                    "no such day"},
+        ScriptCase{"MoreThanATime",
+                   R"({"package": "none.gam", "clock": "2026-01-05T14:30:00Z", "players": []})", "14:30:00Z"},
         ScriptCase{"NoTime", R"({"package": "none.gam", "clock": "noon", "players": []})", "noon"},
         ScriptCase{
             "UnknownPiece",
-            R"({"package": "none.gam", "clock": "2026-01-05T14:30:00", "players": [{"name": "Ann", "piece": "Cat"}]})",
-            "unknown piece"}),
+            R"({"package": "none.gam", "clock": "2026-01-05T14:30:00", "players": [{"name": "Ann", "piece": "(Animals) 13"}]})",
+            "unknown piece"},
+        ScriptCase{
+            "NamelessPlayer",
+            R"({"package": "none.gam", "clock": "2026-01-05T14:30:00", "players": [{"name": "", "piece": "(Animals) 1"}]})",
+            "no name"}),
     CaseName());
 
-class BadPackage : public TestWithParam<std::string> {};
+struct PackageCase {
+    const char* Name;
+    std::vector<PackedFile> Files;
+    std::string Err;
+};
 
-TEST_P(BadPackage, CannotBePlayed) {
+void PrintTo(const PackageCase& package, std::ostream* out) { *out << package.Name; }
+
+class BadPackage : public TestWithParam<PackageCase> {};
+
+TEST_P(BadPackage, CannotBePlayedAndSaysWhy) {
     const TemporaryDirectory folder;
-    std::ofstream(folder / "game.gam", std::ios::binary) << GetParam();
-    const Outcome outcome = RunTool({(folder / "game.gam").string()});
+    const std::string file = (folder / "game.gam").string();
+    WriteArchive(file, GetParam().Files);
+    const Outcome outcome = RunTool({file});
     EXPECT_EQ(outcome.Status, 1);
-    EXPECT_THAT(outcome.Err, HasSubstr("game.gam"));
+    EXPECT_EQ(outcome.Err, "tabulon-playtest: " + file + ": " + GetParam().Err + "\n");
 }
 
-INSTANTIATE_TEST_SUITE_P(Given, BadPackage, Values("", "PK", std::string(1000, 'x')));
+INSTANTIATE_TEST_SUITE_P(
+    Given, BadPackage,
+    Values(PackageCase{"Empty", {}, "this is no package, or there is nothing in it"},
+           PackageCase{"Renamed", {{"other.dat", "Game Name=A"}}, "there is no game.dat in it"},
+           PackageCase{"Boardless", {{"game.dat", "Game Name=A"}}, "there is no spaces.xml in it"},
+           PackageCase{"Nameless", {{"game.dat", ""}, {"spaces.xml", ""}}, "its game has no name"}),
+    CaseName());
 
-TEST(TruncatedPackage, CannotBePlayed) {
+TEST(DamagedPackage, CannotBePlayed) {
     const TemporaryDirectory folder;
     const std::filesystem::path package = folder / TinyGame{}.WriteTo(folder);
     std::filesystem::resize_file(package, std::filesystem::file_size(package) / 2);
     EXPECT_EQ(RunTool({package.string()}).Status, 1);
+    EXPECT_THAT(RunTool({folder.Path().string()}).Err, HasSubstr("this is a folder"));
 }
 
 struct StuckCase {
@@ -178,6 +217,15 @@ INSTANTIATE_TEST_SUITE_P(
            StuckCase{"NegativeSavedGame", Players(1),
                      R"({"click": "cmdLoadGame", "choose": [{"saved": -1}]})", "dlgLoadGame"}),
     CaseName());
+
+TEST(Report, ThatCannotBeWrittenLosesNoFigures) {
+    const TemporaryDirectory folder;
+    const Outcome outcome = RunTool({(folder / TinyGame{}.WriteTo(folder)).string(), "--games", "1",
+                                     "--report", (folder / "none" / "report.html").string()});
+    EXPECT_EQ(outcome.Status, 1);
+    EXPECT_THAT(outcome.Err, HasSubstr("report.html: the report cannot be written"));
+    EXPECT_THAT(outcome.Out, HasSubstr("Turns a game"));
+}
 
 TEST(FullDisk, IsTold) {
     const TemporaryDirectory folder;

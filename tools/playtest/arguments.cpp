@@ -65,6 +65,7 @@ class Reader {
             Take(settings.MaxTurns, argument, 1, MostGames);
         } else if (argument == "--report") {
             m_read.Report = ValueOf(argument);
+            if (m_read.Report.empty()) throw WrongArguments("--report needs the name of a file");
         } else if (argument == "--json") {
             m_read.Json = true;
         } else {

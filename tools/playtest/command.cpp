@@ -49,12 +49,13 @@ Statistics PlayWatched(const StatisticsSettings& settings, const Console& consol
 
 ExitStatus RunStatistics(const Arguments& arguments, const Console& console) {
     const Statistics statistics = PlayWatched(arguments.Statistics, console);
-    if (!arguments.Report.empty()) WriteHtmlReport(statistics, arguments.Report);
     if (arguments.Json) {
         PrintJson(statistics, console.Out);
     } else {
         PrintReport(statistics, console.Out);
     }
+    // Last: the figures of a long run are not lost when it cannot be written.
+    if (!arguments.Report.empty()) WriteHtmlReport(statistics, arguments.Report);
     return Done;
 }
 

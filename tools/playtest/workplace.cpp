@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include "platform/files.h"
 #include "playtest/unusable.h"
 
 namespace tabulon::playtest {
@@ -17,11 +18,20 @@ HeadlessScreen::Size ScreenSize(bool smallFonts) {
     return {1024, 768, smallFonts ? SmallFontsDensity : LargeFontsDensity};
 }
 
+void CopyPackage(const fs::path& package, const fs::path& folder) {
+    std::error_code failure;
+    if (fs::is_directory(package, failure)) throw Unusable(package.string() + ": this is a folder");
+    fs::copy_file(package, folder / package.filename(), failure);
+    if (failure) throw Unusable(package.string() + ": " + failure.message());
+}
+
 }  // namespace
 
 TemporaryFolder::TemporaryFolder() {
-    std::string name = (fs::temp_directory_path() / "tabulon-XXXXXX").string();
-    if (!mkdtemp(name.data())) throw Unusable(name + ": no temporary folder can be made");
+    std::error_code missing;
+    std::string name = (fs::temp_directory_path(missing) / "tabulon-XXXXXX").string();
+    if (missing || !mkdtemp(name.data()))
+        throw Unusable("no temporary folder can be made; TMPDIR names where");
     m_path = name;
 }
 
@@ -32,13 +42,11 @@ TemporaryFolder::~TemporaryFolder() {
 
 Workplace::Workplace(const Settings& settings, PlayUser& user, Random& random)
     : m_screen(user, ScreenSize(settings.SmallFonts)), m_clock(m_screen, settings.Start) {
-    std::error_code failure;
-    fs::copy_file(settings.Package, m_folder.Path() / settings.Package.filename(), failure);
-    if (failure) throw Unusable(settings.Package.string() + ": " + failure.message());
+    CopyPackage(settings.Package, m_folder.Path());
     m_program = std::make_unique<Program>(
         Machine{m_screen, m_clock, random, m_shell, m_player, m_store, {}, m_folder.Path()});
     m_program->globals.gErrHandler.ShowDetails = [](const std::string&) {};
-    Install(settings.Package.stem().string());
+    Install(settings.Package);
     user.Sit(*m_program);
     // The board shows at the size of its picture, so that board pixels are the picture's.
     m_screen.PictureLoaded = [this](const FilePicture& picture) {
@@ -48,20 +56,28 @@ Workplace::Workplace(const Settings& settings, PlayUser& user, Random& random)
     };
 }
 
-void Workplace::Install(const std::string& key) {
-    m_program->globals.AppDir = m_folder.Path();
+void Workplace::Install(const fs::path& package) {
+    const auto refuse = [&package](const std::string& why) { throw Unusable(package.string() + ": " + why); };
+    const std::string key = package.stem().string();
+    const fs::path& folder = m_folder.Path();
+    m_program->globals.AppDir = folder;
+    const auto holds = [&](const std::string& name) {
+        return m_program->packages.ExtractFile(folder / (key + ".gam"), folder, name, true);
+    };
+    if (!holds("")) refuse("this is no package, or there is nothing in it");
+    if (!holds(key + ".dat")) refuse("there is no " + key + ".dat in it");
+    if (!holds("spaces.xml")) refuse("there is no spaces.xml in it");
     std::vector<std::string> names;
     std::vector<std::string> keys;
     m_program->packages.InstallableGames({}, names, keys);
-    if (keys.empty()) throw Unusable(key + ".gam: this is no game that can be installed");
+    if (keys.empty()) refuse("a package of this name is never offered");
+    if (FindFile(folder, key + ".dat").empty()) refuse(key + ".dat in it cannot be read");
     m_program->packages.InstallGame(keys.front());
     Array<std::string> games, gameNames, descriptions;
     std::int32_t count = 0;
     games.ReDim(0);
     m_program->savedGames.GetAvailableGames(games, gameNames, descriptions, count);
-    if (gameNames.UBound() < 0 || gameNames[0].empty())
-        throw Unusable(key + ".gam: the package does not open, has no spaces.xml or no " + key +
-                       ".dat, or its game has no name");
+    if (gameNames.UBound() < 0 || gameNames[0].empty()) refuse("its game has no name");
 }
 
 }  // namespace tabulon::playtest

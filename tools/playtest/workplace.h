@@ -40,7 +40,7 @@ class Workplace {
     const HeadlessScreen& Screen() const { return m_screen; }
 
   private:
-    void Install(const std::string& key);
+    void Install(const std::filesystem::path& package);
 
     TemporaryFolder m_folder;
     HeadlessScreen m_screen;
