@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include "platform/directories.h"
 #include "platform/files.h"
 #include "playtest/unusable.h"
 
@@ -25,6 +26,13 @@ void CopyPackage(const fs::path& package, const fs::path& folder) {
     if (failure) throw Unusable(package.string() + ": " + failure.message());
 }
 
+/// The Player that the tool was installed with, whose default pictures a game may want.
+ApplicationInfo InstalledPlayer() {
+    ApplicationInfo application;
+    application.ShareDir = ShareDirectory(ExecutablePath());
+    return application;
+}
+
 }  // namespace
 
 TemporaryFolder::TemporaryFolder() {
@@ -44,7 +52,7 @@ Workplace::Workplace(const Settings& settings, PlayUser& user, Random& random)
     : m_screen(user, ScreenSize(settings.SmallFonts)), m_clock(m_screen, settings.Start) {
     CopyPackage(settings.Package, m_folder.Path());
     m_program = std::make_unique<Program>(
-        Machine{m_screen, m_clock, random, m_shell, m_player, m_store, {}, m_folder.Path()});
+        Machine{m_screen, m_clock, random, m_shell, m_player, m_store, InstalledPlayer(), m_folder.Path()});
     m_program->globals.gErrHandler.ShowDetails = [](const std::string&) {};
     Install(settings.Package);
     user.Sit(*m_program);
