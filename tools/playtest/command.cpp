@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <csignal>
 #include <ostream>
 
 #include "playtest/arguments.h"
@@ -40,15 +41,47 @@ class ProgressLine {
     bool m_shown = false;
 };
 
-Statistics PlayWatched(const StatisticsSettings& settings, const Console& console) {
+/// While it lives, the signals that would end the program wait, so that a run can first clear up behind
+/// itself. They act when it goes.
+class HeldSignals {
+  public:
+    HeldSignals() {
+        sigset_t held;
+        sigemptyset(&held);
+        for (const int signal : Held) sigaddset(&held, signal);
+        pthread_sigmask(SIG_BLOCK, &held, &m_before);
+    }
+    ~HeldSignals() { pthread_sigmask(SIG_SETMASK, &m_before, nullptr); }
+    HeldSignals(const HeldSignals&) = delete;
+    HeldSignals& operator=(const HeldSignals&) = delete;
+
+    bool AnyWaits() const {
+        sigset_t waiting;
+        sigpending(&waiting);
+        return std::ranges::any_of(Held, [&](int signal) { return sigismember(&waiting, signal) == 1; });
+    }
+
+  private:
+    static constexpr int Held[] = {SIGINT, SIGTERM, SIGHUP};
+    sigset_t m_before{};
+};
+
+Statistics PlayWatched(const StatisticsSettings& settings, const Console& console, std::stop_source& stop,
+                       const HeldSignals& signals) {
     ProgressLine line(console);
-    Progress progress;
-    if (console.IsTerminal) progress = [&](std::int64_t done) { line.Show(done, settings.Games); };
-    return PlayStatistics(settings, progress);
+    return PlayStatistics(settings, [&](std::int64_t done) {
+        if (console.IsTerminal) line.Show(done, settings.Games);
+        if (signals.AnyWaits()) stop.request_stop();
+    });
 }
 
 ExitStatus RunStatistics(const Arguments& arguments, const Console& console) {
-    const Statistics statistics = PlayWatched(arguments.Statistics, console);
+    const HeldSignals signals;
+    std::stop_source stop;
+    StatisticsSettings settings = arguments.Statistics;
+    settings.Stop = stop.get_token();
+    const Statistics statistics = PlayWatched(settings, console, stop, signals);
+    if (stop.stop_requested()) return CannotBeUsed;
     if (arguments.Json) {
         PrintJson(statistics, console.Out);
     } else {

@@ -126,7 +126,7 @@ void Simulation::PutBack() {
 
 void Simulation::PlayTurns() {
     const PlayState& state = m_workplace->ThePlayer().frmMain.State;
-    while (!state.GameOver && m_turns < m_settings.MaxTurns) {
+    while (!state.GameOver && m_turns < m_settings.MaxTurns && !m_settings.Stop.stop_requested()) {
         const std::int64_t before = m_turns;
         ClickTurnButton();
         if (m_turns == before) throw Stuck{"frmMain", "the turn button begins no turn"};

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <stop_token>
 #include <string>
 
 #include "platform/seeded_random.h"
@@ -18,6 +19,7 @@ struct StatisticsSettings {
     std::uint64_t Seed = 1;
     int Jobs = 1;
     std::int64_t MaxTurns = 10000;
+    std::stop_token Stop = {};  // ends the run in the middle; what was counted is of no use then
 };
 
 /// A generator with a course of its own for each game.

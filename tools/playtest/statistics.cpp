@@ -70,7 +70,10 @@ class Workers {
     }
 
     void PlayShare(Simulation& simulation) {
-        for (std::int64_t game = m_next++; game < m_settings.Games; game = m_next++) simulation.Play(game);
+        for (std::int64_t game = m_next++; game < m_settings.Games; game = m_next++) {
+            if (m_settings.Stop.stop_requested()) break;
+            simulation.Play(game);
+        }
         const std::lock_guard lock(m_mutex);
         m_sum.Add(simulation.Counted());
     }
