@@ -11,11 +11,8 @@
 #include "platform/seeded_random.h"
 #include "platform/stack_log.h"
 
-namespace tabulon {
+namespace tabulon::test {
 namespace {
-
-using test::FailureOf;
-using test::StackLog;
 
 TEST(NumbersTest, HalvesGoToTheEvenNeighbour) {
     const std::pair<double, int> rows[] = {{0.5, 0},   {1.5, 2},   {2.5, 2},  {3.5, 4},  {-0.5, 0},
@@ -158,4 +155,4 @@ TEST(ProcedureTest, TheEndOfTheProgramIsNoFailure) {
 }
 
 }  // namespace
-}  // namespace tabulon
+}  // namespace tabulon::test

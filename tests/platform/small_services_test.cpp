@@ -6,10 +6,8 @@
 #include "platform/modWinVer.h"
 #include "platform/stack_log.h"
 
-namespace tabulon {
+namespace tabulon::test {
 namespace {
-
-using test::StackLog;
 
 class ScriptedShell : public Shell {
   public:
@@ -26,34 +24,26 @@ class ScriptedShell : public Shell {
 };
 
 TEST(ModWinVerTest, FirstMatchingRuleNamesTheSystem) {
-    const struct {
-        VersionRecord record;
-        const char* name;
-    } rows[] = {
-        {{1, 4, 10, 2222, 0, 0}, "Win98SE"},
-        {{1, 4, 10, 2221, 0, 0}, ""},
-        {{1, 4, 90, 3000, 0, 0}, "WinME"},
-        {{1, 4, 90, 2999, 0, 0}, ""},
-        {{2, 4, 0, 1381, 1, 0}, "WinNT4 Server"},
-        {{2, 4, 0, 1381, 2, 0}, "WinNT4 Server"},
-        {{2, 4, 0, 1381, 3, 0}, "WinNT4 Server"},
-        {{2, 4, 0, 1381, 4, 0}, ""},
-        {{2, 4, 0, 1380, 1, 0}, ""},
-        {{2, 5, 0, 2195, 1, 0}, "Win2K"},
-        {{2, 5, 0, 2194, 1, 0}, ""},
-        {{2, 5, 2, 3790, 3, 0}, "Win2003 Server"},
-        {{2, 5, 2, 3791, 3, 0}, ""},
-        {{2, 5, 1, 2600, 1, 0x200}, "WinXP Home"},
-        {{2, 5, 1, 2601, 1, 0xD00}, "WinXP Pro"},
-        {{2, 5, 1, 2599, 1, 0x200}, ""},
-        {{2, 6, 1, 7601, 1, 0}, ""},
-        {{1, 5, 1, 2600, 1, 0}, ""},
-    };
-    for (const auto& row : rows) {
-        const VersionRecord& is = row.record;
-        EXPECT_EQ(WinVer(is), row.name)
-            << is.Platform << ' ' << is.Major << '.' << is.Minor << '.' << is.Build;
-    }
+    const std::pair<VersionRecord, const char*> rows[] = {{{1, 4, 10, 2222, 0, 0}, "Win98SE"},
+                                                          {{1, 4, 10, 2221, 0, 0}, ""},
+                                                          {{1, 4, 90, 3000, 0, 0}, "WinME"},
+                                                          {{1, 4, 90, 2999, 0, 0}, ""},
+                                                          {{2, 4, 0, 1381, 1, 0}, "WinNT4 Server"},
+                                                          {{2, 4, 0, 1381, 2, 0}, "WinNT4 Server"},
+                                                          {{2, 4, 0, 1381, 3, 0}, "WinNT4 Server"},
+                                                          {{2, 4, 0, 1381, 4, 0}, ""},
+                                                          {{2, 4, 0, 1380, 1, 0}, ""},
+                                                          {{2, 5, 0, 2195, 1, 0}, "Win2K"},
+                                                          {{2, 5, 0, 2194, 1, 0}, ""},
+                                                          {{2, 5, 2, 3790, 3, 0}, "Win2003 Server"},
+                                                          {{2, 5, 2, 3791, 3, 0}, ""},
+                                                          {{2, 5, 1, 2600, 1, 0x200}, "WinXP Home"},
+                                                          {{2, 5, 1, 2601, 1, 0xD00}, "WinXP Pro"},
+                                                          {{2, 5, 1, 2599, 1, 0x200}, ""},
+                                                          {{2, 6, 1, 7601, 1, 0}, ""},
+                                                          {{1, 5, 1, 2600, 1, 0}, ""}};
+    for (const auto& [is, name] : rows)
+        EXPECT_EQ(WinVer(is), name) << is.Platform << ' ' << is.Major << '.' << is.Minor << '.' << is.Build;
     EXPECT_EQ(WinVer(std::nullopt), "");
     EXPECT_EQ(WinVer(), "");
 }
@@ -96,4 +86,4 @@ TEST(DirectoriesTest, TheExecutableIsThisTest) {
 }
 
 }  // namespace
-}  // namespace tabulon
+}  // namespace tabulon::test

@@ -5,8 +5,7 @@
 namespace tabulon {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+using namespace testing;
 
 TEST(TextTest, ToUtf8KeepsUtf8AndReadsTheRestAsWindows1252) {
     const struct {
