@@ -2,13 +2,10 @@
 #include "info/dlgHelp.h"
 #include "info_run.h"
 
-namespace tabulon {
+namespace tabulon::test {
 namespace {
 
-using test::InfoRun;
-using test::WriteZip;
-using testing::ElementsAre;
-using testing::IsEmpty;
+using namespace testing;
 
 constexpr char Missing[] =
     " does not exist.\r\nPlease make sure the correct path and file name have been specified.";
@@ -61,9 +58,7 @@ class HelpTest : public testing::Test {
 
 TEST_F(HelpTest, TextsOpenInTheViewerAndAreDeletedAfterwards) {
     const struct {
-        const char* file;
-        const char* content;
-        const char* text;
+        const char *file, *content, *text;
     } rows[] = {{"help.txt", "Throw the dice \xE4", "Throw the dice \u00E4"},
                 {"HELP.RTF", "{\\rtf1 Throw {\\b the} dice}", "Throw "},
                 {"rules.rtf", "No rich text at all", "No rich text at all"}};
@@ -103,10 +98,7 @@ TEST_F(HelpTest, OtherExtensionDoesNothing) {
 }
 
 TEST_F(HelpTest, EmptyHelpFileDisablesTheButtonAndItsKey) {
-    Open([&] {
-        EXPECT_FALSE(dlgHelp.cmdHelp[0].Enabled);
-        EXPECT_FALSE(dlgHelp.KeyUp(Key::G, 0));
-    });
+    Open([&] { EXPECT_FALSE(dlgHelp.cmdHelp[0].Enabled || dlgHelp.KeyUp(Key::G, 0)); });
 }
 
 TEST_F(HelpTest, CompiledHelpOpensInTheViewerProgram) {
@@ -131,8 +123,7 @@ TEST_F(HelpTest, GameKeyThatIsAPathUnpacksNothing) {
 TEST_F(HelpTest, OldBinaryHelpGetsAPlainWord) {
     PackHelp("rules.hlp", "?_");
     Open([&] { dlgHelp.cmdHelp[0].Click(); });
-    ASSERT_EQ(run.machine.User.Boxes.size(), 1u);
-    EXPECT_THAT(run.machine.User.Boxes[0].Text, testing::HasSubstr("older format"));
+    EXPECT_THAT(run.machine.User.BoxTexts(), ElementsAre(HasSubstr("older format")));
 }
 
 TEST_F(HelpTest, PlayersHelpLiesBesideTheProgram) {
@@ -148,21 +139,21 @@ TEST_F(HelpTest, PlayersHelpLiesBesideTheProgram) {
 }
 
 TEST_F(HelpTest, KeysAreNotTheAccessKeysOfAllCaptions) {
-    const struct {
-        const char* name;
-        int code;
-        const char* page;
-    } rows[] = {{"R", 82, "https://makers.example/scripts/review01.php?gid={A-1}"},
-                {"U", 85, "https://makers.example/download.php"},
-                {"T", 84, "https://makers.example/index.html"},
-                {"W", 87, nullptr},
-                {"H", 72, nullptr}};
-    for (const auto& row : rows) {
+    const std::tuple<char, int, const char*> rows[] = {
+        {'R', 0, "https://makers.example/scripts/review01.php?gid={A-1}"},
+        {'U', 0, "https://makers.example/download.php"},
+        {'T', 0, "https://makers.example/index.html"},
+        {'W', 0, ""},
+        {'H', 0, ""},
+        {'R', Key::Alt, ""},  // went down in the window before
+    };
+    for (const auto& [key, shift, page] : rows) {
+        SCOPED_TRACE(key);
         run.machine.Shell.Opened.clear();
-        Open([&] { EXPECT_EQ(dlgHelp.KeyUp(row.code, 0), row.page != nullptr) << row.name; });
-        EXPECT_EQ(run.machine.Shell.Opened,
-                  row.page ? std::vector<std::string>{row.page} : std::vector<std::string>{})
-            << row.name;
+        Open(
+            [&, key = key, shift = shift, acts = *page != 0] { EXPECT_EQ(dlgHelp.KeyUp(key, shift), acts); });
+        const std::vector<std::string> opened(*page != 0, page);
+        EXPECT_EQ(run.machine.Shell.Opened, opened);
     }
 }
 
@@ -172,11 +163,6 @@ TEST_F(HelpTest, EscapeAndCClose) {
         dlgHelp.SetUp(game);
         EXPECT_FALSE(dlgHelp.Loaded);
     }
-}
-
-TEST_F(HelpTest, AccessKeyThatGoesUpActsNoSecondTime) {
-    Open([&] { EXPECT_FALSE(dlgHelp.KeyUp(Key::R, Key::Alt)); });
-    EXPECT_THAT(run.machine.Shell.Opened, IsEmpty());
 }
 
 TEST_F(HelpTest, WebSiteCanBeNamedByTheInstallation) {
@@ -217,44 +203,38 @@ TEST_F(HelpTest, KeysOfTheViewerCloseIt) {
     }
 }
 
-TEST(HtmlHelpTest, AViewerThatIsNotThereIsTold) {
-    InfoRun run;
-    WriteFile(run.Share() / "TabPlayer.chm", "ITSF");
-    std::filesystem::remove(run.Viewer());
-    HTMLHelp help(run.g);
-    help.CHMFile = "TabPlayer.chm";
-    help.HHDisplayIndex();
-    ASSERT_EQ(run.machine.User.Boxes.size(), 1u);
-    EXPECT_EQ(run.machine.User.Boxes[0].Title, "HTML Help Class");
-    EXPECT_THAT(run.machine.User.Boxes[0].Text, testing::HasSubstr("viewer is not installed"));
-    EXPECT_THAT(run.machine.Shell.Started, IsEmpty());
-}
-
-TEST(HtmlHelpTest, ABareNameMeansAFileOfTheProgram) {
-    InfoRun run;
-    WriteFile(run.Share() / "TabPlayer.chm", "ITSF");
-    HTMLHelp help(run.g);
-    help.CHMFile = "tabplayer.CHM";
-    help.HHDisplayIndex();
-    EXPECT_THAT(run.machine.Shell.Arguments,
-                ElementsAre(ElementsAre((run.Share() / "TabPlayer.chm").string())));
-    EXPECT_THAT(run.machine.User.Boxes, IsEmpty());
-}
-
-TEST(HtmlHelpTest, OnlyCompiledHelpIsOpened) {
-    InfoRun run;
-    WriteFile(run.Share() / "notes.txt", "");
-    HTMLHelp help(run.g);
-    for (const char* file : {"notes.txt", "chm", "", "missing.chm"}) {
+class HtmlHelpTest : public Test {
+  protected:
+    /// What a message box tells of a file; empty when it is opened.
+    std::string Display(const char* file) {
+        run.machine.User.Boxes.clear();
         help.CHMFile = file;
         help.HHDisplayIndex();
+        if (run.machine.User.Boxes.empty()) return "";
+        EXPECT_EQ(run.machine.User.Boxes.at(0).Title, "HTML Help Class");
+        return run.machine.User.Boxes[0].Text;
     }
-    EXPECT_THAT(
-        run.machine.User.BoxTexts(),
-        ElementsAre("notes.txt is not a valid HTML Help file.", "chm is not a valid HTML Help file.",
-                    " is not a valid HTML Help file.", std::string("The file missing.chm") + Missing));
+
+    InfoRun run;
+    HTMLHelp help{run.g};
+};
+
+TEST_F(HtmlHelpTest, ABareNameMeansAFileOfTheProgram) {
+    WriteFile(run.Share() / "TabPlayer.chm", "ITSF");
+    EXPECT_EQ(Display("tabplayer.CHM"), "");
+    EXPECT_THAT(run.machine.Shell.Arguments, ElementsAre(ElementsAre(run.Share() / "TabPlayer.chm")));
+    std::filesystem::remove(run.Viewer());
+    EXPECT_THAT(Display("TabPlayer.chm"), HasSubstr("viewer is not installed"));
+    EXPECT_THAT(run.machine.Shell.Started, SizeIs(1));
+}
+
+TEST_F(HtmlHelpTest, OnlyCompiledHelpIsOpened) {
+    WriteFile(run.Share() / "notes.txt", "");
+    for (const std::string file : {"notes.txt", "chm", ""})
+        EXPECT_EQ(Display(file.c_str()), file + " is not a valid HTML Help file.");
+    EXPECT_EQ(Display("missing.chm"), std::string("The file missing.chm") + Missing);
     EXPECT_THAT(run.machine.Shell.Started, IsEmpty());
 }
 
 }  // namespace
-}  // namespace tabulon
+}  // namespace tabulon::test

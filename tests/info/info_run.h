@@ -16,12 +16,7 @@ class InfoRun {
         std::filesystem::create_directory(Share());
         std::filesystem::create_directory(Viewer().parent_path());
         WriteFile(Viewer(), "");
-        g.AppDir = AppDir();
-        g.SmallFonts = true;
-        g.gErrHandler.ShowDetails = [](const std::string&) {};
-        g.gErrHandler.AfterHandlerCalled = [this] {
-            Errors.push_back(g.gErrHandler.ErrorProc + " " + std::to_string(g.gErrHandler.ErrorNumber));
-        };
+        machine.SetUp(g);
     }
 
     std::filesystem::path Share() const { return machine.Folder / "share"; }
@@ -46,19 +41,18 @@ class InfoRun {
     }
 
     TestMachine machine;
-    std::vector<std::string> Errors;
-    Globals g{{machine.TheScreen, machine.Clock, machine.Random, machine.Shell, machine.Player, machine.Store,
-               Application(), AppDir()}};
+    std::vector<std::string>& Errors = machine.Errors;
+    Globals g{OwnMachine()};
 
   private:
-    ApplicationInfo Application() const {
-        ApplicationInfo application;
-        application.ShareDir = Share();
-        application.Executable = Viewer().parent_path() / "tabulon-player";
-        application.WebSite = "https://makers.example";
-        application.MailServer = "mail.example";
-        application.SupportAddress = "support@makers.example";
-        return application;
+    Machine OwnMachine() {
+        Machine own = machine.With(machine.TheScreen);
+        own.Application.ShareDir = Share();
+        own.Application.Executable = Viewer().parent_path() / "tabulon-player";
+        own.Application.WebSite = "https://makers.example";
+        own.Application.MailServer = "mail.example";
+        own.Application.SupportAddress = "support@makers.example";
+        return own;
     }
 };
 

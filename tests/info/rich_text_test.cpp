@@ -22,54 +22,50 @@ struct TextRow {
     std::string Source;  // without what stands around
     std::string Text;
 };
-class RichTextCharactersTest : public testing::TestWithParam<TextRow> {};
 
-TEST_P(RichTextCharactersTest, AreReadLikeThis) {
-    EXPECT_EQ(TextOf(ReadRichText("{\\rtf1\\ansi " + GetParam().Source + "}")), GetParam().Text);
+const TextRow Characters[] = {
+    {"Empty", "", ""},
+    {"Paragraphs", "a\\par b\\par\\par c", "a|b||c|"},
+    {"SourceLinesDoNotCount", "a\r\nb\nc", "abc|"},
+    {"LineAndTab", "a\\line b\\tab c", "a\nb\tc|"},
+    {"EscapedNewLineIsAParagraph", "a\\\nb", "a|b|"},
+    {"EscapedSymbols", "\\{a\\}\\\\", "{a}\\|"},
+    {"WesternByDefault", "caf\\'e9 \\'80", "caf\u00E9 \u20AC|"},
+    {"RawByte", "caf\xE9", "caf\u00E9|"},
+    {"Cyrillic", "\\ansicpg1251 \\'cf\\'f0", "\u041F\u0440|"},
+    {"CentralEuropean", "\\ansicpg1250 \\'9e\\'9a", "\u017E\u0161|"},
+    {"PC437", "\\pc \\'81", "\u00FC|"},
+    {"PC850", "\\pca \\'9b", "\u00F8|"},
+    {"Macintosh", "\\mac \\'8e", "\u00E9|"},
+    {"PageOfTheFont", "{\\fonttbl{\\f0 A;}{\\f1\\fcharset204 B;}}\\'e9{\\f1 \\'e9}\\'e9",
+     "\u00E9\u0439\u00E9|"},
+    {"TwoBytesOfOneCharacter", "{\\fonttbl{\\f0\\fcharset128 A;}}\\f0 \\'93\\'fa", "\u65E5|"},
+    {"UnknownPageIsWestern", "\\ansicpg4711 \\'e9", "\u00E9|"},
+    {"UnknownByte", "\\ansicpg1253 \\'d2x", "\uFFFDx|"},
+    {"Unicode", "\\u8364?\\u-8704?", "\u20AC\uFFFD|"},
+    {"UnicodePair", "\\u-10179?\\u-8704?", "\U0001F600|"},
+    {"UnicodeSkipsMore", "\\uc2\\u233\\'c3\\'a9x{\\uc0\\u233y}", "\u00E9x\u00E9y|"},
+    {"UnicodeSkipEndsWithTheGroup", "{\\u233}x", "\u00E9x|"},
+    {"UnicodeSkipTakesAWord", "\\u233\\tab x", "\u00E9x|"},
+    {"NamedCharacters", "\\ldblquote a\\rdblquote\\emdash\\~\\bullet", "\u201Ca\u201D\u2014\u00A0\u2022|"},
+    {"HiddenText", "a{\\v b}c", "ac|"},
+    {"UnknownWords", "\\foo12\\bar a\\-b\\:c", "abc|"},
+    {"Destinations", "{\\info{\\author Me}}{\\*\\new{x}y}{\\pict 0a0b}{\\stylesheet{\\s0 N;}}a", "a|"},
+    {"BinaryData", "a{\\pict\\bin3 }}}}b", "ab|"},
+    {"BinaryDataInText", "{a\\bin1 }}b", "ab|"},
+    {"Link", "see {\\field{\\*\\fldinst{HYPERLINK \"http://x.org\"}}{\\fldrslt{\\ul this}}}", "see this|"},
+    {"Table", "\\trowd a\\cell b\\cell\\row c\\cell\\row", "a\tb\t|c\t|"},
+    {"Bullets", "{\\pntext\\'b7\\tab}a\\par{\\listtext\\bullet\\tab}b\\par c", "* a|* b|c|"},
+    {"CircleBullet", "{\\pntext o\\tab}a", "* a|"},
+    {"NumberedList", "{\\pntext 12.\\tab}a", "12.\ta|"},
+    {"SymbolBullet", "{\\fonttbl{\\f3\\fcharset2 Symbol;}}{\\pntext\\f3\\'b7\\tab}a", "* a|"},
+    {"PrivateBullet", "\\u-3913?a", "\u2022a|"},
+};
+
+TEST(RichTextTest, CharactersAreReadLikeThis) {
+    for (const TextRow& row : Characters)
+        EXPECT_EQ(TextOf(ReadRichText("{\\rtf1\\ansi " + row.Source + "}")), row.Text) << row.Name;
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Rows, RichTextCharactersTest,
-    testing::Values(
-        TextRow{"Empty", "", ""}, TextRow{"Paragraphs", "a\\par b\\par\\par c", "a|b||c|"},
-        TextRow{"SourceLinesDoNotCount", "a\r\nb\nc", "abc|"},
-        TextRow{"LineAndTab", "a\\line b\\tab c", "a\nb\tc|"},
-        TextRow{"EscapedNewLineIsAParagraph", "a\\\nb", "a|b|"},
-        TextRow{"EscapedSymbols", "\\{a\\}\\\\", "{a}\\|"},
-        TextRow{"WesternByDefault", "caf\\'e9 \\'80", "caf\u00E9 \u20AC|"},
-        TextRow{"RawByte", "caf\xE9", "caf\u00E9|"},
-        TextRow{"Cyrillic", "\\ansicpg1251 \\'cf\\'f0", "\u041F\u0440|"},
-        TextRow{"CentralEuropean", "\\ansicpg1250 \\'9e\\'9a", "\u017E\u0161|"},
-        TextRow{"PC437", "\\pc \\'81", "\u00FC|"}, TextRow{"PC850", "\\pca \\'9b", "\u00F8|"},
-        TextRow{"Macintosh", "\\mac \\'8e", "\u00E9|"},
-        TextRow{"PageOfTheFont", "{\\fonttbl{\\f0 A;}{\\f1\\fcharset204 B;}}\\'e9{\\f1 \\'e9}\\'e9",
-                "\u00E9\u0439\u00E9|"},
-        TextRow{"TwoBytesOfOneCharacter", "{\\fonttbl{\\f0\\fcharset128 A;}}\\f0 \\'93\\'fa", "\u65E5|"},
-        TextRow{"UnknownPageIsWestern", "\\ansicpg4711 \\'e9", "\u00E9|"},
-        TextRow{"UnknownByte", "\\ansicpg1253 \\'d2x", "\uFFFDx|"},
-        TextRow{"Unicode", "\\u8364?\\u-8704?", "\u20AC\uFFFD|"},
-        TextRow{"UnicodePair", "\\u-10179?\\u-8704?", "\U0001F600|"},
-        TextRow{"UnicodeSkipsMore", "\\uc2\\u233\\'c3\\'a9x{\\uc0\\u233y}", "\u00E9x\u00E9y|"},
-        TextRow{"UnicodeSkipEndsWithTheGroup", "{\\u233}x", "\u00E9x|"},
-        TextRow{"UnicodeSkipTakesAWord", "\\u233\\tab x", "\u00E9x|"},
-        TextRow{"NamedCharacters", "\\ldblquote a\\rdblquote\\emdash\\~\\bullet",
-                "\u201Ca\u201D\u2014\u00A0\u2022|"},
-        TextRow{"HiddenText", "a{\\v b}c", "ac|"}, TextRow{"UnknownWords", "\\foo12\\bar a\\-b\\:c", "abc|"},
-        TextRow{"Destinations", "{\\info{\\author Me}}{\\*\\new{x}y}{\\pict 0a0b}{\\stylesheet{\\s0 N;}}a",
-                "a|"},
-        TextRow{"BinaryData", "a{\\pict\\bin3 }}}}b", "ab|"},
-        TextRow{"BinaryDataInText", "{a\\bin1 }}b", "ab|"},
-        TextRow{"Link", "see {\\field{\\*\\fldinst{HYPERLINK \"http://x.org\"}}{\\fldrslt{\\ul this}}}",
-                "see this|"},
-        TextRow{"Table", "\\trowd a\\cell b\\cell\\row c\\cell\\row", "a\tb\t|c\t|"},
-        TextRow{"Bullets", "{\\pntext\\'b7\\tab}a\\par{\\listtext\\bullet\\tab}b\\par c", "* a|* b|c|"},
-        TextRow{"CircleBullet", "{\\pntext o\\tab}a", "* a|"},
-        TextRow{"NumberedList", "{\\pntext 12.\\tab}a", "12.\ta|"},
-        TextRow{"SymbolBullet", "{\\fonttbl{\\f3\\fcharset2 Symbol;}}{\\pntext\\f3\\'b7\\tab}a", "* a|"},
-        TextRow{"PrivateBullet", "\\u-3913?a",
-                "\u2022"
-                "a|"}),
-    [](const auto& row) { return row.param.Name; });
 
 TEST(RichTextTest, LooksFollowTheirGroups) {
     const auto paragraphs = ReadRichText(

@@ -2,13 +2,10 @@
 #include "info_run.h"
 #include "platform/text.h"
 
-namespace tabulon {
+namespace tabulon::test {
 namespace {
 
-using test::InfoRun;
-using testing::Each;
-using testing::HasSubstr;
-using testing::IsEmpty;
+using namespace testing;
 
 class TipTest : public testing::Test {
   protected:
@@ -39,9 +36,6 @@ TEST_F(TipTest, EachOpeningPassesOverOneTip) {
     EXPECT_EQ(run.Setting("Last Player Tip"), "2");
     EXPECT_EQ(ShownAtOpening(), "four\r\nlines");
     EXPECT_EQ(ShownAtOpening(), "two") << "after the last tip the first one comes, and is passed over";
-}
-
-TEST_F(TipTest, StoredTipsBeyondTheListGoOnAtItsBeginning) {
     run.Set("Last Player Tip", 30);
     EXPECT_EQ(ShownAtOpening(), "two");
 }
@@ -89,31 +83,29 @@ TEST_F(TipTest, SpoiltSettingIsReportedAndShowsNothing) {
     EXPECT_THAT(run.Errors, testing::ElementsAre("dlgTipOfTheDay:TipOfTheDay 13"));
 }
 
-struct KeyRow {
-    const char* name;
-    int code;
-    bool acts;
-    const char* text;
-    bool checked;
-    bool closes;
-};
-
 TEST_F(TipTest, KeysActWhateverIsHeldWithThem) {
-    const KeyRow rows[] = {
+    const struct {
+        const char* Name;
+        int Code;
+        bool Acts;
+        const char* Text;
+        bool Checked, Closes;
+    } rows[] = {
         {"M", 77, true, "two", true, false},       {"B", 66, true, "one", false, false},
         {"N", 78, true, "three", false, false},    {"C", 67, true, "two", false, true},
         {"Escape", 27, true, "two", false, true},  {"X", 88, false, "two", false, false},
         {"Enter", 13, false, "two", false, false},
     };
-    for (const KeyRow& row : rows) {
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.Name);
         run.Set("Player Tip Status", std::string("On"));
         run.Set("Last Player Tip", 0);
         dialog.chkShowTipsAtStartup.Value = false;
         Open([&] {
-            EXPECT_EQ(dialog.KeyDown(row.code, Key::Alt), row.acts) << row.name;
-            EXPECT_EQ(dialog.lblTipText.Caption, row.text) << row.name;
-            EXPECT_EQ(dialog.chkShowTipsAtStartup.Value, row.checked) << row.name;
-            EXPECT_EQ(!dialog.Visible, row.closes) << row.name;
+            EXPECT_EQ(dialog.KeyDown(row.Code, Key::Alt), row.Acts);
+            EXPECT_EQ(dialog.lblTipText.Caption, row.Text);
+            EXPECT_EQ(dialog.chkShowTipsAtStartup.Value, row.Checked);
+            EXPECT_EQ(!dialog.Visible, row.Closes);
         });
     }
 }
@@ -141,8 +133,7 @@ TEST_F(TipTest, TextsAreFoundByTheirNumberAndCut) {
 
 TEST_F(TipTest, LoneLineFeedsBecomePairs) {
     const struct {
-        const char* text;
-        const char* fixed;
+        const char *text, *fixed;
     } rows[] = {{"a\nb", "a\r\nb"},   {"\na", "\r\na"},     {"a\n", "a\r\n"},
                 {"a\r\nb", "a\r\nb"}, {"\n\n", "\r\n\r\n"}, {"", ""}};
     for (const auto& row : rows) EXPECT_EQ(dialog.FixLFs(row.text), row.fixed) << row.text;
@@ -183,4 +174,4 @@ TEST(TipListTest, TipsOfTheProductAreManyShortAndPlain) {
 }
 
 }  // namespace
-}  // namespace tabulon
+}  // namespace tabulon::test
