@@ -3,18 +3,15 @@
 #include <gtest/gtest.h>
 
 #include "packages/archive.h"
-#include "sound/loudness.h"
 #include "sound/ogg_check.h"
+#include "sound/tone.h"
 
-namespace tabulon {
+namespace tabulon::test {
 namespace {
-
-using test::Samples;
 
 constexpr const char* Folder = TABULON_BUILD_DIR "/share/tabulon/music";
 constexpr const char* Genres[] = {"jazz", "kids", "orchestral", "rock", "techno", "latin"};
 constexpr double Rate = 44100;
-constexpr double MeantLoudness = -18;
 
 struct Event {
     const char* Name;
@@ -58,26 +55,19 @@ bool SoundsToTheEnd(const Samples& samples) {
     return Power(samples.end() - end, samples.end()) > faint * Power(samples.begin(), samples.end());
 }
 
-class MusicArchive : public testing::TestWithParam<const char*> {
-  protected:
-    std::filesystem::path File() const {
-        return std::filesystem::path(Folder) / (GetParam() + std::string(".snd"));
-    }
-};
+class MusicArchive : public testing::TestWithParam<const char*> {};
 
 TEST_P(MusicArchive, HasEachEventAsItShouldSound) {
-    Archive archive(File());
+    Archive archive(std::filesystem::path(Folder) / (GetParam() + std::string(".snd")));
     EXPECT_EQ(archive.Names().size(), std::size(Events));
     for (const Event& event : Events) {
         const auto entry = archive.FindFirst(std::string(event.Name) + ".ogg");
         ASSERT_TRUE(entry) << event.Name;
         const std::string ogg = archive.Read(*entry);
         EXPECT_TRUE(IsPlayable(ogg)) << event.Name;
-        const Samples samples = test::Decode(ogg);
+        const Samples samples = Decode(ogg);
         const double seconds = static_cast<double>(samples.size()) / 2 / Rate;
-        EXPECT_GE(seconds, event.Shortest) << event.Name;
-        EXPECT_LT(seconds, event.Longest) << event.Name;
-        EXPECT_NEAR(test::Loudness(samples), MeantLoudness, 1) << event.Name;
+        EXPECT_TRUE(event.Shortest <= seconds && seconds < event.Longest) << event.Name << seconds;
         EXPECT_LT(*std::ranges::max_element(samples), INT16_MAX) << event.Name;
         EXPECT_GT(*std::ranges::min_element(samples), INT16_MIN) << event.Name;
         if (!event.Loops) continue;
@@ -96,28 +86,5 @@ TEST(MusicArchives, AreSmallTogether) {
     EXPECT_LT(size, most);
 }
 
-/// A full tone of 997 Hz on one side has 3.01 LU below full scale; on both sides twice the power.
-TEST(Loudness, IsThatOfTheStandard) {
-    Samples tone(2 * 44100 * 3);
-    for (std::size_t i = 0; i < tone.size(); ++i)
-        tone[i] = static_cast<std::int16_t>(
-            32767 * std::sin(2 * 3.14159265358979 * 997 * static_cast<double>(i / 2) / Rate));
-    EXPECT_NEAR(test::Loudness(tone), 0.0, 0.05);
-    for (std::size_t i = 0; i < tone.size(); i += 2) tone[i] = 0;
-    EXPECT_NEAR(test::Loudness(tone), -3.01, 0.05);
-}
-
-TEST(Seam, IsHeardWhereTheWaveBreaks) {
-    Samples wave;
-    for (int i = 0; i < 44100; ++i)
-        wave.insert(wave.end(), 2,
-                    static_cast<std::int16_t>(8000 * std::sin(2 * 3.14159265358979 * 100.5 * i / Rate)));
-    EXPECT_TRUE(IsSeamless(wave)) << "half a turn too long, and as steep on both sides";
-    std::rotate(wave.begin(), wave.begin() + 2 * 110, wave.end());
-    EXPECT_TRUE(IsSeamless(wave));
-    wave.resize(wave.size() - 2 * 300);
-    EXPECT_FALSE(IsSeamless(wave));
-}
-
 }  // namespace
-}  // namespace tabulon
+}  // namespace tabulon::test

@@ -4,11 +4,8 @@
 
 #include "sound/tone.h"
 
-namespace tabulon {
+namespace tabulon::test {
 namespace {
-
-using test::Encode;
-using test::Tone;
 
 TEST(OggCheck, TellsWhatCanBeGivenToTheMixer) {
     const std::string tone = Encode({});
@@ -46,8 +43,8 @@ TEST(OggCheck, TellsWhatCanBeGivenToTheMixer) {
 /// Under a sanitizer a wrong access ends the test.
 TEST(OggCheck, SurvivesEachDamagedByte) {
     const std::string tone = Encode({.Seconds = 0.1});
-    for (std::size_t at = 0; at < tone.size(); ++at) IsPlayable(test::Damage(tone, at));
+    for (std::size_t at = 0; at < tone.size(); ++at) IsPlayable(Damage(tone, at));
 }
 
 }  // namespace
-}  // namespace tabulon
+}  // namespace tabulon::test

@@ -6,13 +6,8 @@
 #include "platform/temporary_directory.h"
 #include "sound/listener.h"
 
-namespace tabulon {
+namespace tabulon::test {
 namespace {
-
-using test::Decode;
-using test::Encode;
-using test::Listener;
-using test::Samples;
 
 class SdlOggPlayerTest : public testing::Test {
   protected:
@@ -26,7 +21,14 @@ class SdlOggPlayerTest : public testing::Test {
         player->Play(file);
     }
 
-    test::TemporaryDirectory folder;
+    /// Until nothing plays; then the player is gone, and all that was heard is written down.
+    Recording HeardAtTheEnd() {
+        listener.WaitUntil([&] { return player->Status() != "playing"; });
+        player.reset();
+        return listener.Heard();
+    }
+
+    TemporaryDirectory folder;
     Listener listener{folder.Path()};
     std::unique_ptr<SdlOggPlayer> player = std::make_unique<SdlOggPlayer>();
     const std::string low = Encode({.Hertz = 220});
@@ -61,18 +63,14 @@ TEST_F(SdlOggPlayerTest, ASoundTakesThePlaceOfAnother) {
     Play(Write("low.ogg", low), true);
     listener.WaitUntil([&] { return listener.Heard().Count(Decode(low)) >= 1; });
     Play(Write("high.ogg", high), false);
-    listener.WaitUntil([&] { return player->Status() != "playing"; });
-    player.reset();
-    EXPECT_EQ(listener.Heard().Count(Decode(high)), 1U);
+    EXPECT_EQ(HeardAtTheEnd().Count(Decode(high)), 1U);
 }
 
 TEST_F(SdlOggPlayerTest, WhatPlaysNeedsItsFileNoMore) {
     const std::filesystem::path file = Write("Sound.OGG", low);
     Play(folder / "sound.ogg", false);
     std::filesystem::remove(file);
-    listener.WaitUntil([&] { return player->Status() != "playing"; });
-    player.reset();
-    EXPECT_EQ(listener.Heard().Count(Decode(low)), 1U);
+    EXPECT_EQ(HeardAtTheEnd().Count(Decode(low)), 1U);
 }
 
 TEST_F(SdlOggPlayerTest, AStopBeforeTheDeviceIsOpenIsAStop) {
@@ -94,23 +92,19 @@ TEST_F(SdlOggPlayerTest, PassesOverWhatIsNoSoundAndPlaysOn) {
         EXPECT_NE(player->Status(), "playing") << row;
     }
     Play(Write("low.ogg", low), false);
-    listener.WaitUntil([&] { return player->Status() != "playing"; });
-    player.reset();
-    EXPECT_TRUE(listener.Heard().IsOnly(Decode(low)));
+    EXPECT_TRUE(HeardAtTheEnd().IsOnly(Decode(low)));
 }
 
 TEST_F(SdlOggPlayerTest, OutlivesDamagedSounds) {
     constexpr std::size_t stride = 61;
     Play(Write("low.ogg", low), false);
     for (std::size_t at = 0; at < high.size(); at += stride) {
-        Play(Write("damaged.ogg", test::Damage(high, at)), true);
+        Play(Write("damaged.ogg", Damage(high, at)), true);
         listener.WaitForMore();
         player->Stop();
     }
     Play(folder.Path() / "low.ogg", false);
-    listener.WaitUntil([&] { return player->Status() != "playing"; });
-    player.reset();
-    EXPECT_EQ(listener.Heard().Count(Decode(low)), 1U);
+    EXPECT_EQ(HeardAtTheEnd().Count(Decode(low)), 1U);
 }
 
 TEST_F(SdlOggPlayerTest, IsSilentWithoutADevice) {
@@ -132,4 +126,4 @@ TEST_F(SdlOggPlayerTest, EndsWhileTheDeviceOpensOrASoundPlays) {
 }
 
 }  // namespace
-}  // namespace tabulon
+}  // namespace tabulon::test
