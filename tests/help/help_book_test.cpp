@@ -11,8 +11,7 @@
 namespace tabulon {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+using namespace testing;
 
 std::string Record(int code, const std::string& data) {
     const auto size = static_cast<char>(data.size());
@@ -114,10 +113,7 @@ TEST(HelpBookTest, LongPagesAreCut) {
 
 TEST(PageTextTest, IsWhatCanBeRead) {
     const struct {
-        const char* name;
-        const char* html;
-        const char* title;
-        const char* text;
+        const char *name, *html, *title, *text;
     } rows[] = {
         {"blocks are lines",
          "<title>Dice &amp; co</title><h1>Dice</h1><p>Roll  <b>two</b>\n dice.<p>Then move.", "Dice & co",

@@ -6,10 +6,8 @@
 #include "platform/failure_of.h"
 #include "platform/seeded_random.h"
 
-namespace tabulon {
+namespace tabulon::test {
 namespace {
-
-using test::FailureOf;
 
 HelpFiles TwoFiles() {
     HelpFiles files;
@@ -18,8 +16,10 @@ HelpFiles TwoFiles() {
     return files;
 }
 
-TEST(HelpFilesTest, NamesHaveNoCaseAndNoSlashInFront) {
-    const HelpFiles files = TwoFiles();
+TEST(HelpFilesTest, NamesHaveNoCaseAndNoSlashInFrontAndTheFirstCounts) {
+    HelpFiles files = TwoFiles();
+    files.Add("rules/START.htm", "second");
+    EXPECT_EQ(files.All().size(), 2u);
     for (const char* name : {"/Rules/Start.HTM", "rules/start.htm", "//RULES/START.HTM"}) {
         ASSERT_NE(files.Find(name), nullptr) << name;
         EXPECT_EQ(*files.Find(name), "Throw");
@@ -27,29 +27,20 @@ TEST(HelpFilesTest, NamesHaveNoCaseAndNoSlashInFront) {
     for (const char* name : {"", "/", "start.htm", "rules"}) EXPECT_EQ(files.Find(name), nullptr) << name;
 }
 
-TEST(HelpFilesTest, TheFirstFileOfANameCounts) {
-    HelpFiles files;
-    files.Add("a.htm", "first");
-    files.Add("/A.HTM", "second");
-    EXPECT_EQ(*files.Find("a.htm"), "first");
-    EXPECT_EQ(files.All().size(), 1u);
-}
-
 TEST(HelpFilesTest, WhatIsTooMuchFails) {
-    const int tooMuch = static_cast<int>(FailureNumber::InternalError);
+    const auto expectTooMuch = [](HelpFiles& files, const std::string& name, const std::string& bytes) {
+        EXPECT_EQ(FailureOf([&] { files.Add(name, bytes); }), static_cast<int>(FailureNumber::InternalError));
+    };
     HelpFiles files;
-    EXPECT_EQ(FailureOf([&] { files.Add(std::string(help_limits::NameBytes + 1, 'n'), ""); }), tooMuch);
+    expectTooMuch(files, std::string(help_limits::NameBytes + 1, 'n'), "");
     const std::string large(help_limits::FileBytes, 'x');
-    EXPECT_EQ(FailureOf([&] { files.Add("large", large + "x"); }), tooMuch);
+    expectTooMuch(files, "large", large + "x");
     for (std::uint64_t n = 0; n < help_limits::TotalBytes / help_limits::FileBytes; ++n)
         files.Add("large" + std::to_string(n), large);
-    EXPECT_EQ(FailureOf([&] { files.Add("one more", "x"); }), tooMuch);
-}
-
-TEST(HelpFilesTest, TooManyFilesFail) {
-    HelpFiles files;
-    for (std::size_t n = 0; n < help_limits::Files; ++n) files.Add(std::to_string(n), "");
-    EXPECT_EQ(FailureOf([&] { files.Add("one more", ""); }), static_cast<int>(FailureNumber::InternalError));
+    expectTooMuch(files, "one more", "x");
+    HelpFiles many;
+    for (std::size_t n = 0; n < help_limits::Files; ++n) many.Add(std::to_string(n), "");
+    expectTooMuch(many, "one more", "");
 }
 
 TEST(HelpStreamTest, BringsTheFilesOver) {
@@ -81,4 +72,4 @@ TEST(HelpStreamTest, ChangedBytesGiveOtherFilesOrAFailure) {
 }
 
 }  // namespace
-}  // namespace tabulon
+}  // namespace tabulon::test

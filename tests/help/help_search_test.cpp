@@ -7,8 +7,7 @@
 namespace tabulon {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+using namespace testing;
 
 HelpBook BookOf(const std::map<std::string, std::string>& contents) {
     HelpFiles files;

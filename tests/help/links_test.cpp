@@ -6,12 +6,9 @@ namespace tabulon {
 namespace {
 
 struct LinkRow {
-    const char* name;
-    const char* page;
-    const char* link;
+    const char *name, *page, *link;
     LinkKind kind;
-    const char* file;
-    const char* fragment;
+    const char *file, *fragment;
 };
 
 const LinkRow LinkRows[] = {
