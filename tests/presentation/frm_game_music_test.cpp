@@ -26,11 +26,9 @@ class RecordingPlayer final : public OggPlayer {
 class FrmGameMusicTest : public testing::Test {
   protected:
     FrmGameMusicTest() {
-        g.AppDir = machine.AppDir();
+        machine.SetUp(g);
         g.SoundOn = true;
         g.MusicPath = machine.Folder / "music";
-        g.gErrHandler.ShowDetails = [](const std::string&) {};
-        g.gErrHandler.AfterHandlerCalled = [this] { errors.push_back(g.gErrHandler.ErrorProc); };
         std::filesystem::create_directory(g.MusicPath);
         for (const char* genre : {"jazz", "kids", "orchestral", "rock", "techno", "latin"}) {
             test::WriteZip(g.MusicPath / (std::string(genre) + ".snd"),
@@ -51,17 +49,9 @@ class FrmGameMusicTest : public testing::Test {
 
     test::TestMachine machine;
     RecordingPlayer player;
-    Globals g{{machine.TheScreen,
-               machine.Clock,
-               machine.Random,
-               machine.Shell,
-               player,
-               machine.Store,
-               {},
-               machine.AppDir()}};
+    Globals g{machine.With(player)};
     modInstallUninstall packages{g};
     FrmGameMusic music{g, packages};
-    std::vector<std::string> errors;
 };
 
 TEST_F(FrmGameMusicTest, UnpacksAndPlaysTheEventOfAGenre) {
@@ -74,7 +64,7 @@ TEST_F(FrmGameMusicTest, UnpacksAndPlaysTheEventOfAGenre) {
     EXPECT_EQ(music.Genre, "rock");
     EXPECT_EQ(music.File, "begin_game");
     EXPECT_FALSE(music.LoopIt);
-    EXPECT_THAT(errors, IsEmpty());
+    EXPECT_THAT(machine.Errors, IsEmpty());
 }
 
 TEST_F(FrmGameMusicTest, StopsWhatIsPlayingAndNothingElse) {
@@ -95,14 +85,13 @@ TEST_F(FrmGameMusicTest, WithSoundOffNothingIsStoredOrDrawn) {
     EXPECT_EQ(music.Genre, "before");
     EXPECT_EQ(music.File, "");
     EXPECT_THAT(Files(), IsEmpty());
-    EXPECT_THAT(errors, IsEmpty());
+    EXPECT_THAT(machine.Errors, IsEmpty());
 }
 
 TEST_F(FrmGameMusicTest, AnEmptyGenreIsStoredAndSilent) {
     music.PlayGameMusic("", "begin_game", true);
     EXPECT_THAT(player.calls, IsEmpty());
-    EXPECT_EQ(music.File, "begin_game");
-    EXPECT_TRUE(music.LoopIt);
+    EXPECT_TRUE(music.File == "begin_game" && music.LoopIt);
     EXPECT_THAT(Files(), IsEmpty());
 }
 
@@ -112,7 +101,7 @@ TEST_F(FrmGameMusicTest, AMissingArchiveOrSoundIsNoFailure) {
     g.MusicPath.clear();
     music.PlayGameMusic("jazz", "begin_game", true);
     EXPECT_THAT(Files(), IsEmpty());
-    EXPECT_THAT(errors, IsEmpty());
+    EXPECT_THAT(machine.Errors, IsEmpty());
 }
 
 TEST_F(FrmGameMusicTest, RandomIsDrawnForEachSoundAndNeverLatin) {

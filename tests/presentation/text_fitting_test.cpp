@@ -47,36 +47,20 @@ class MeasuringScreen final : public Screen {
 };
 
 struct MeasuringMachine {
-    explicit MeasuringMachine(int pixelsPerInch = 96) : screen(pixelsPerInch) {
-        g.AppDir = machine.AppDir();
-        g.gErrHandler.ShowDetails = [](const std::string&) {};
-        g.gErrHandler.AfterHandlerCalled = [this] { errors.push_back(g.gErrHandler.ErrorProc); };
-    }
+    explicit MeasuringMachine(int pixelsPerInch = 96) : screen(pixelsPerInch) { machine.SetUp(g); }
     test::TestMachine machine;
     MeasuringScreen screen;
-    Globals g{{screen,
-               machine.Clock,
-               machine.Random,
-               machine.Shell,
-               machine.Player,
-               machine.Store,
-               {},
-               machine.AppDir()}};
-    std::vector<std::string> errors;
+    Globals g{machine.With(screen)};
+    std::vector<std::string>& errors = machine.Errors;
 };
 
 struct Fitting {
     const char* Name;
     int Left, Width, Height;  // pixels
-    int Characters;
-    int Before, After;
-    int WrapWidth;
+    int Characters, Before, After, WrapWidth;
 };
 
-class FittingTest : public testing::TestWithParam<std::tuple<Fitting, int>> {};
-
-TEST_P(FittingTest, ShrinksInWholePoints) {
-    const auto& [row, pixelsPerInch] = GetParam();
+void ExpectFitting(const Fitting& row, int pixelsPerInch) {
     MeasuringMachine m(pixelsPerInch);
     const float twips = m.screen.TwipsPerPixelX();
     Form form(m.screen, "form");
@@ -94,19 +78,23 @@ TEST_P(FittingTest, ShrinksInWholePoints) {
     EXPECT_EQ(label.Font.Size, row.After) << "never grows again";
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Labels, FittingTest,
-    testing::Combine(testing::Values(Fitting{"Fits", 10, 200, 40, 18, 10, 10, 180},
-                                     Fitting{"FitsToThePixel", 10, 200, 40, 36, 10, 10, 180},
-                                     Fitting{"OnePixelTooHigh", 10, 200, 39, 36, 10, 9, 180},
-                                     Fitting{"WrapsByTwiceItsLeft", 60, 200, 20, 18, 10, 5, 80},
-                                     Fitting{"FurtherToTheLeft", 0, 200, 20, 18, 10, 10, 200},
-                                     Fitting{"DownToOnePoint", 0, 100, 2, 50, 30, 1, 100},
-                                     Fitting{"Empty", 10, 200, 1, 0, 30, 30, 180}),
-                     testing::Values(96, 120)),
-    [](const auto& row) {
-        return std::string(std::get<0>(row.param).Name) + "_" + std::to_string(std::get<1>(row.param));
-    });
+TEST(FitLabelTextTest, ShrinksInWholePoints) {
+    const Fitting rows[] = {
+        {"Fits", 10, 200, 40, 18, 10, 10, 180},
+        {"FitsToThePixel", 10, 200, 40, 36, 10, 10, 180},
+        {"OnePixelTooHigh", 10, 200, 39, 36, 10, 9, 180},
+        {"WrapsByTwiceItsLeft", 60, 200, 20, 18, 10, 5, 80},
+        {"FurtherToTheLeft", 0, 200, 20, 18, 10, 10, 200},
+        {"DownToOnePoint", 0, 100, 2, 50, 30, 1, 100},
+        {"Empty", 10, 200, 1, 0, 30, 30, 180},
+    };
+    for (const Fitting& row : rows) {
+        for (const int density : {96, 120}) {
+            SCOPED_TRACE(row.Name + std::to_string(density));
+            ExpectFitting(row, density);
+        }
+    }
+}
 
 TEST(FitLabelTextTest, FailsWhenOnePointIsTooHigh) {
     MeasuringMachine m;
@@ -116,7 +104,7 @@ TEST(FitLabelTextTest, FailsWhenOnePointIsTooHigh) {
     label.Caption = "x";
     label.Font.Size = 5;
     FitLabelText(m.g, label);
-    EXPECT_THAT(m.errors, ElementsAre("modMain:FitLabelText"));
+    EXPECT_THAT(m.errors, ElementsAre("modMain:FitLabelText 380"));
     EXPECT_EQ(label.Font.Size, 1);
     EXPECT_EQ(m.g.gErrHandler.StackTop, 0);
 }
@@ -197,7 +185,7 @@ TEST(SetFormObjectFontsTest, FitsTheLabelsAndGoesOnAfterOneThatNeverFits) {
     last.Caption = "x";
     last.Font.Size = 20;
     SetFormObjectFonts(m.g, form, "Game", 14);
-    EXPECT_THAT(m.errors, ElementsAre("modMain:FitLabelText"));
+    EXPECT_THAT(m.errors, ElementsAre("modMain:FitLabelText 380"));
     EXPECT_EQ(last.Font, (Font{"Game", 8, false}));
 }
 
@@ -208,17 +196,12 @@ TEST(SelectItemInDropDownListTest, TakesTheFirstThatIsExactlyEqual) {
     int clicks = 0;
     list.Click = [&] { ++clicks; };
     for (const char* text : {"animals", "Animals ", "Animals", "Objects", "Animals"}) list.AddItem(text);
-    struct Row {
-        const char* Item;
-        int Selected;
-        int Clicks;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, int, int> rows[] = {
         {"Ships", -1, 0}, {"Animals", 2, 1}, {"OBJECTS", 2, 1}, {"", 2, 1}, {"Objects", 3, 2}};
-    for (const Row& row : rows) {
-        SelectItemInDropDownList(m.g, list, row.Item);
-        EXPECT_EQ(list.ListIndex, row.Selected) << row.Item;
-        EXPECT_EQ(clicks, row.Clicks) << row.Item;
+    for (const auto& [item, selected, clicked] : rows) {
+        SelectItemInDropDownList(m.g, list, item);
+        EXPECT_EQ(list.ListIndex, selected) << item;
+        EXPECT_EQ(clicks, clicked) << item;
     }
 }
 
@@ -229,7 +212,7 @@ TEST(SelectItemInDropDownListTest, ReportsUnderItsBareName) {
     list.AddItem("One");
     list.Click = [] { throw Failure(FailureNumber::InvalidCall); };
     SelectItemInDropDownList(m.g, list, "One");
-    EXPECT_THAT(m.errors, ElementsAre("SelectItemInDropDownList"));
+    EXPECT_THAT(m.errors, ElementsAre("SelectItemInDropDownList 5"));
 }
 
 TEST(IsFormLoadedTest, ComparesExactly) {
@@ -247,11 +230,6 @@ TEST(IsFormLoadedTest, ComparesExactly) {
 TEST(ScoreCaptionTest, IsMoneyForOneAlone) {
     for (const int goal : {-1, 0, 2, 3}) EXPECT_EQ(ScoreCaption(goal), "Points: ") << goal;
     EXPECT_EQ(ScoreCaption(1), "Money: ");
-}
-
-TEST(TextHeightTest, IsInTheFormsUnits) {
-    MeasuringMachine m;
-    EXPECT_EQ(TextHeight(m.g, "Game", 10), 20 * 15);
 }
 
 }  // namespace
