@@ -12,11 +12,7 @@ using test::CardRow;
 using test::DeckRow;
 using test::GameFolder;
 using test::SpaceRow;
-using testing::AllOf;
-using testing::Contains;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::StartsWith;
+using namespace testing;
 
 TEST(CheckTest, AGoodGameHasNoFindings) {
     const Findings findings = CheckGame(GameFolder().Files());
@@ -25,24 +21,11 @@ TEST(CheckTest, AGoodGameHasNoFindings) {
     EXPECT_EQ(findings.Summary(), "0 errors, 0 warnings");
 }
 
-const std::string Error = "error: ", Warning = "warning: ";
-
 struct Fault {
     const char* Name;
     std::function<void(GameFolder&)> Spoil;
-    std::string Level;
-    const char* Finding;
+    const char *Level, *Finding;
 };
-class FaultTest : public testing::TestWithParam<Fault> {};
-
-TEST_P(FaultTest, IsFound) {
-    GameFolder game;
-    GetParam().Spoil(game);
-    const Findings findings = CheckGame(game.Files());
-    EXPECT_THAT(findings.Lines(),
-                Contains(AllOf(StartsWith(GetParam().Level), HasSubstr(GetParam().Finding))));
-    EXPECT_EQ(findings.HasErrors(), GetParam().Level == Error);
-}
 
 auto Setting(const std::string& from, const std::string& to) {
     return [=](GameFolder& game) { game.Settings = ReplaceAll(game.Settings, from, to); };
@@ -60,112 +43,106 @@ auto CardWith(const std::string& column, const std::string& value) {
     return [=](GameFolder& game) { game.Cards += CardRow(3, {{column, value}}); };
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Settings, FaultTest,
-    testing::Values(
-        Fault{"NoName", Setting("Game Name=Small", "Game Name="), Error,
-              "{11111111-2222-3333-4444-555555555555}.dat:1: "},
-        Fault{"NoNameLine", Setting("Game Name=Small\r\n", ""), Error, "the game has no name"},
-        Fault{"NoNumber", Setting("Dice Used=2", "Dice Used=two"), Error,
-              "{11111111-2222-3333-4444-555555555555}.dat:5: "},
-        Fault{"TooBig", Setting("Tries=2", "Tries=40000"), Error,
-              "{11111111-2222-3333-4444-555555555555}.dat:6: "},
-        Fault{"WrongCase", Line("help file=x.txt"), Warning,
-              "{11111111-2222-3333-4444-555555555555}.dat:10: "},
-        Fault{"BirthdayAsItIsSpelt", Line("Author Birthday=1.1."), Warning, "Author Birtday="},
-        Fault{"Twice", Line("Tries=2"), Warning, "set a second time"},
-        Fault{"NoSuchGoal", Setting("Goal Type=0", "Goal Type=3"), Warning, "Write 0 for points"},
-        Fault{"NoSuchMusic", Setting("kids", "Kids"), Warning,
-              "{11111111-2222-3333-4444-555555555555}.dat:9: "},
-        Fault{"NoDice", Setting("Dice Used=2", "Dice Used=0"), Warning, "nobody can move"},
-        Fault{"SixReels",
-              Setting("Turn Device=0\r\nDice Used=2", "Turn Device=1\r\nMax Slot Value=9\r\nDice Used=6"),
-              Warning, "Use 5 or fewer"},
-        Fault{"WonAtOnce", Setting("Finish Condition=20", "Finish Condition=0"), Warning,
-              "the first move wins"},
-        Fault{"LoopWithoutEnd", Setting("Goal Type=0", "Goal Type=2\r\nLoop Board=1"), Warning, "never ends"},
-        Fault{"NoPoints",
-              [](GameFolder& game) {
-                  game.Spaces = SpaceRow(1, {{"ActionType", "-1"}}) + SpaceRow(2, {{"ActionType", "-1"}});
-                  game.Decks = game.Cards = "";
-              },
-              Warning, "nothing on the board or in the cards gives points"},
-        Fault{"NoBoard", Setting("board.bmp", "plan.bmp"), Error,
-              "{11111111-2222-3333-4444-555555555555}.dat:7: "},
-        Fault{"BoardElsewhere", Setting("board.bmp", "../board.bmp"), Error, "no plain file name"},
-        Fault{"BoardThatBeginsAlike", Setting("board.bmp", "board"), Error,
-              "the Player would take \"board.bmp\""},
-        Fault{"BoardThatIsNone", [](GameFolder& game) { game.Board = "no picture"; }, Error, "board.bmp: "},
-        Fault{"HelpThatIsNotShown", Line("Help File=board.bmp"), Warning, "does not show this kind of help"}),
-    [](const auto& row) { return std::string(row.param.Name); });
+auto CardMoving(const std::string& action, const std::string& data1) {
+    return [=](GameFolder& game) {
+        game.Cards += CardRow(3, {{"CorrectActionType", action}, {"CorrectData1", data1}});
+    };
+}
 
-INSTANTIATE_TEST_SUITE_P(
-    Spaces, FaultTest,
-    testing::Values(
-        Fault{"NoXml", [](GameFolder& game) { game.Spaces = "<z:row"; }, Error, "spaces.xml: "},
-        Fault{"NoRows", [](GameFolder& game) { game.Spaces = ""; }, Error, "no space can be read"},
-        Fault{"NullColumn", [](GameFolder& game) { game.Spaces += "<z:row Sequence='4'/>"; }, Error,
-              "spaces.xml:17: \"Left\" is missing"},
-        Fault{"NoNumber", SpaceWith("Data1", "INF"), Error, "spaces.xml:17: \"Data1\" is no number"},
-        Fault{"TooBig", SpaceWith("Data2", "32768"), Error, "\"Data2\" is too big"},
-        Fault{"OperandTooBig", SpaceWith("Data1", "32768"), Error, "spaces.xml:17: the first operand"},
-        Fault{"LongText", SpaceWith("Message", std::string(255, 'x')), Warning, "has 255 characters"},
-        Fault{"Outside", SpaceWith("Left", "98"), Warning,
-              "spaces.xml:17: the space leaves the board picture"},
-        Fault{"FarOutside", SpaceWith("Width", "2147483647"), Warning, "leaves the board picture"},
-        Fault{"NoSize", SpaceWith("Height", "0"), Warning, "has no size"},
-        Fault{"NoSuchAction", Space("13", "0"), Warning, "no action 13"},
-        Fault{"NumberTwice", SpaceWith("Sequence", "3"), Warning, "several spaces 3"},
-        Fault{"OutOfOrder", SpaceWith("Sequence", "9"), Warning, "space 9 stands where space 4 belongs"},
-        Fault{"OneSpaceForPoints", [](GameFolder& game) { game.Spaces = SpaceRow(1); }, Warning,
-              "the first move never ends"},
-        Fault{"LastNumberAboveTheCount",
-              [](GameFolder& game) {
-                  Setting("Goal Type=0", "Goal Type=2")(game);
-                  game.Spaces += SpaceRow(9);
-              },
-              Warning, "the move to the last space never ends"},
-        Fault{"TargetOutside", Space("3", "5"), Warning, "no space 5 to go to"},
-        Fault{"MoveOutside", Space("1", "5"), Warning, "leaves the board of 4 spaces"},
-        Fault{"MoveBackAsRolled", Space("2", "-1"), Warning, "leaves the board of 4 spaces"},
-        Fault{"NoSuchDeck", Space("0", "2"), Error, "spaces.xml:17: there are no cards in deck 2"},
-        Fault{"LessThanNone", Space("5", "-1"), Warning, "is negative"},
-        Fault{"TotalThatCannotBeRolled", Space("12", "13"), Warning, "13 cannot be rolled"},
-        Fault{"DoubleWithOneDie",
-              [](GameFolder& game) {
-                  Setting("Dice Used=2", "Dice Used=1")(game);
-                  Space("11", "0")(game);
-              },
-              Warning, "no double with fewer than two dice"}),
-    [](const auto& row) { return std::string(row.param.Name); });
+const Fault Faults[] = {
+    // the settings
+    {"NoName", Setting("Game Name=Small", "Game Name="), "error", ".dat:1: "},
+    {"NoNameLine", Setting("Game Name=Small\r\n", ""), "error", "the game has no name"},
+    {"NoNumber", Setting("Dice Used=2", "Dice Used=two"), "error", ".dat:5: "},
+    {"TooBig", Setting("Tries=2", "Tries=40000"), "error", ".dat:6: "},
+    {"WrongCase", Line("help file=x.txt"), "warning", ".dat:10: "},
+    {"BirthdayAsItIsSpelt", Line("Author Birthday=1.1."), "warning", "Author Birtday="},
+    {"Twice", Line("Tries=2"), "warning", "set a second time"},
+    {"NoSuchGoal", Setting("Goal Type=0", "Goal Type=3"), "warning", "Write 0 for points"},
+    {"NoSuchMusic", Setting("kids", "Kids"), "warning", ".dat:9: "},
+    {"NoDice", Setting("Dice Used=2", "Dice Used=0"), "warning", "nobody can move"},
+    {"SixReels", Setting("Turn Device=0\r\nDice Used=2", "Turn Device=1\r\nMax Slot Value=9\r\nDice Used=6"),
+     "warning", "Use 5 or fewer"},
+    {"WonAtOnce", Setting("Finish Condition=20", "Finish Condition=0"), "warning", "the first move wins"},
+    {"LoopWithoutEnd", Setting("Goal Type=0", "Goal Type=2\r\nLoop Board=1"), "warning", "never ends"},
+    {"NoPoints",
+     [](GameFolder& game) {
+         game.Spaces = SpaceRow(1, {{"ActionType", "-1"}}) + SpaceRow(2, {{"ActionType", "-1"}});
+         game.Decks = game.Cards = "";
+     },
+     "warning", "nothing on the board or in the cards gives points"},
+    {"NoBoard", Setting("board.bmp", "plan.bmp"), "error", ".dat:7: "},
+    {"BoardElsewhere", Setting("board.bmp", "../board.bmp"), "error", "no plain file name"},
+    {"BoardThatBeginsAlike", Setting("board.bmp", "board"), "error", "the Player would take \"board.bmp\""},
+    {"BoardThatIsNone", [](GameFolder& game) { game.Board = "no picture"; }, "error", "board.bmp: "},
+    {"HelpThatIsNotShown", Line("Help File=board.bmp"), "warning", "does not show this kind of help"},
 
-INSTANTIATE_TEST_SUITE_P(
-    Decks, FaultTest,
-    testing::Values(
-        Fault{"NoCardsFile", [](GameFolder& game) { game.Decks += DeckRow("2"); }, Error,
-              "there is no cards2.xml"},
-        Fault{"NotWhole", [](GameFolder& game) { game.Decks += DeckRow("2.5"); }, Error,
-              "the deck's number is not whole"},
-        Fault{"DeckTwice", [](GameFolder& game) { game.Decks += DeckRow("1"); }, Warning, "several decks 1"},
-        Fault{"NoCards", [](GameFolder& game) { game.Cards = ""; }, Error, "cards1.xml: no card"},
-        Fault{"OtherDeck", CardWith("DeckID", "2"), Warning, "belongs to deck 2"},
-        Fault{"NumberTwice", CardWith("Index", "2"), Warning, "several cards 2"},
-        Fault{"Gap", CardWith("Index", "4"), Warning, "there is no card 3 among 3"},
-        Fault{"NullColumn", [](GameFolder& game) { game.Cards += "<z:row DeckID='1' Index='3'/>"; }, Error,
-              "\"CorrectMessage\" is missing"},
-        Fault{"NoRightAnswer", CardWith("CorrectAnswer", "4"), Warning, "no answer is right"},
-        Fault{"BlankRightAnswer", CardWith("CorrectAnswer", "3"), Warning, "the right answer is blank"},
-        Fault{"NoWordForARightAnswer", CardWith("CorrectMessage", " "), Warning,
-              "answers right waits without end"},
-        Fault{"NoTries", Setting("Tries=2", "Tries=0"), Warning, "answers wrong waits without end"},
-        Fault{"NoSuchAction", CardWith("IncorrectActionType", "13"), Warning, "no action 13 for a card"},
-        Fault{"NumberToRoll", CardWith("CorrectActionType", "12"), Warning, "cannot order a number to roll"},
-        Fault{"TargetOutside",
-              [](GameFolder& game) {
-                  game.Cards += CardRow(3, {{"CorrectActionType", "3"}, {"CorrectData1", "0"}});
-              },
-              Warning, "no space 0 to go to"}),
-    [](const auto& row) { return std::string(row.param.Name); });
+    // the spaces
+    {"NoXml", [](GameFolder& game) { game.Spaces = "<z:row"; }, "error", "spaces.xml: "},
+    {"NoRows", [](GameFolder& game) { game.Spaces = ""; }, "error", "no space can be read"},
+    {"NullColumn", [](GameFolder& game) { game.Spaces += "<z:row Sequence='4'/>"; }, "error",
+     "spaces.xml:17: \"Left\" is missing"},
+    {"NoNumber", SpaceWith("Data1", "INF"), "error", "spaces.xml:17: \"Data1\" is no number"},
+    {"TooBig", SpaceWith("Data2", "32768"), "error", "\"Data2\" is too big"},
+    {"OperandTooBig", SpaceWith("Data1", "32768"), "error", "spaces.xml:17: the first operand"},
+    {"LongText", SpaceWith("Message", std::string(255, 'x')), "warning", "has 255 characters"},
+    {"Outside", SpaceWith("Left", "98"), "warning", "spaces.xml:17: the space leaves the board picture"},
+    {"FarOutside", SpaceWith("Width", "2147483647"), "warning", "leaves the board picture"},
+    {"NoSize", SpaceWith("Height", "0"), "warning", "has no size"},
+    {"NoSuchAction", Space("13", "0"), "warning", "no action 13"},
+    {"NumberTwice", SpaceWith("Sequence", "3"), "warning", "several spaces 3"},
+    {"OutOfOrder", SpaceWith("Sequence", "9"), "warning", "space 9 stands where space 4 belongs"},
+    {"OneSpaceForPoints", [](GameFolder& game) { game.Spaces = SpaceRow(1); }, "warning",
+     "the first move never ends"},
+    {"LastNumberAboveTheCount",
+     [](GameFolder& game) {
+         Setting("Goal Type=0", "Goal Type=2")(game);
+         game.Spaces += SpaceRow(9);
+     },
+     "warning", "the move to the last space never ends"},
+    {"TargetOutside", Space("3", "5"), "warning", "no space 5 to go to"},
+    {"MoveOutside", Space("1", "5"), "warning", "leaves the board of 4 spaces"},
+    {"MoveBackAsRolled", Space("2", "-1"), "warning", "leaves the board of 4 spaces"},
+    {"NoSuchDeck", Space("0", "2"), "error", "spaces.xml:17: there are no cards in deck 2"},
+    {"LessThanNone", Space("5", "-1"), "warning", "is negative"},
+    {"TotalThatCannotBeRolled", Space("12", "13"), "warning", "13 cannot be rolled"},
+    {"DoubleWithOneDie",
+     [](GameFolder& game) {
+         Setting("Dice Used=2", "Dice Used=1")(game);
+         Space("11", "0")(game);
+     },
+     "warning", "no double with fewer than two dice"},
+
+    // the decks and cards
+    {"NoCardsFile", [](GameFolder& game) { game.Decks += DeckRow("2"); }, "error", "there is no cards2.xml"},
+    {"NotWhole", [](GameFolder& game) { game.Decks += DeckRow("2.5"); }, "error",
+     "the deck's number is not whole"},
+    {"DeckTwice", [](GameFolder& game) { game.Decks += DeckRow("1"); }, "warning", "several decks 1"},
+    {"NoCards", [](GameFolder& game) { game.Cards = ""; }, "error", "cards1.xml: no card"},
+    {"OtherDeck", CardWith("DeckID", "2"), "warning", "belongs to deck 2"},
+    {"NumberTwice", CardWith("Index", "2"), "warning", "several cards 2"},
+    {"Gap", CardWith("Index", "4"), "warning", "there is no card 3 among 3"},
+    {"NullColumn", [](GameFolder& game) { game.Cards += "<z:row DeckID='1' Index='3'/>"; }, "error",
+     "\"CorrectMessage\" is missing"},
+    {"NoRightAnswer", CardWith("CorrectAnswer", "4"), "warning", "no answer is right"},
+    {"BlankRightAnswer", CardWith("CorrectAnswer", "3"), "warning", "the right answer is blank"},
+    {"NoWordForARightAnswer", CardWith("CorrectMessage", " "), "warning", "answers right waits without end"},
+    {"NoTries", Setting("Tries=2", "Tries=0"), "warning", "answers wrong waits without end"},
+    {"NoSuchAction", CardWith("IncorrectActionType", "13"), "warning", "no action 13 for a card"},
+    {"NumberToRoll", CardWith("CorrectActionType", "12"), "warning", "cannot order a number to roll"},
+    {"TargetOutside", CardMoving("3", "0"), "warning", "no space 0 to go to"},
+};
+
+TEST(CheckTest, FindsWhatIsWrong) {
+    for (const Fault& row : Faults) {
+        SCOPED_TRACE(row.Name);
+        GameFolder game;
+        row.Spoil(game);
+        const Findings findings = CheckGame(game.Files());
+        EXPECT_THAT(findings.Lines(), Contains(AllOf(StartsWith(row.Level), HasSubstr(row.Finding))));
+        EXPECT_EQ(findings.HasErrors(), row.Level == std::string("error"));
+    }
+}
 
 TEST(CheckTest, ACardMayMoveAsRolledBothWays) {
     GameFolder game;
@@ -182,10 +159,7 @@ TEST(CheckTest, ThePackageAndItsSettingsNeedOneName) {
     EXPECT_TRUE(CheckGame(files).HasErrors());
 }
 
-TEST(CheckTest, AnEmptyFolderIsNoGame) {
-    const Findings findings = CheckGame({});
-    EXPECT_EQ(findings.Summary(), "2 errors, 0 warnings");
-}
+TEST(CheckTest, AnEmptyFolderIsNoGame) { EXPECT_EQ(CheckGame({}).Summary(), "2 errors, 0 warnings"); }
 
 }  // namespace
 }  // namespace tabulon::gamepack

@@ -11,11 +11,7 @@
 namespace tabulon::gamepack {
 namespace {
 
-using testing::ElementsAre;
-using testing::EndsWith;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::StartsWith;
+using namespace testing;
 
 class CommandsTest : public testing::Test {
   protected:
