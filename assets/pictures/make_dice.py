@@ -90,7 +90,7 @@ def frame(front, pose):
             squares.append(f'<circle cx="{x * 15.5:g}" cy="{y * 15.5:g}" r="{radius}"{colour}/>')
         squares.append("</g>")
     lines = [
-        '<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 100 100">',
+        '<svg xmlns="http://www.w3.org/2000/svg" viewBox="-4.5 -5 109 109">',  # a corner may stand far out
         f'<ellipse cx="52" cy="91" rx="34" ry="6" fill="{INK}" fill-opacity=".25"/>',
         f'<g fill="{INK}" stroke="{INK}" stroke-width="14" stroke-linejoin="round">',
         *outlines,

@@ -104,6 +104,14 @@ class Store : public testing::Test {
             for (int x = 0; x < image.width(); ++x) marked += qAlpha(image.pixel(x, y)) > 0;
         return marked;
     }
+    /// Anything as dense as an outline stands in the outermost pixels.
+    static bool IsCutOff(const QImage& image) {
+        const int last = image.width() - 1;
+        const auto isInk = [&image](int x, int y) { return qAlpha(image.pixel(x, y)) > 150; };
+        for (int i = 0; i <= last; ++i)
+            if (isInk(i, 0) || isInk(i, last) || isInk(0, i) || isInk(last, i)) return true;
+        return false;
+    }
 
     PictureStore store{TABULON_PICTURES};
 };
@@ -115,6 +123,7 @@ TEST_F(Store, ShowsEachPieceAndFrameAsAnotherPicture) {
         ASSERT_TRUE(store.HasFile(picture)) << i;
         const QImage image = store.Get(picture, {33, 33}, 1).toImage();
         EXPECT_EQ(std::count(seen.begin(), seen.end(), image), 0) << i;
+        EXPECT_FALSE(IsCutOff(store.Get(picture, {200, 200}, 1).toImage())) << i;
         seen.push_back(image);
     }
 }
