@@ -17,6 +17,7 @@ namespace {
 constexpr int Margin = 4;
 constexpr int TextGap = 4;
 constexpr double Radius = 8;
+constexpr QSize ButtonFrame{20, 6};
 
 /// The window looks after access keys itself, so that they work alike for all kinds of control.
 void SetText(QAbstractButton& button, const std::string& caption) {
@@ -47,7 +48,8 @@ bool ButtonView::ActivateByKey() { return Press(m_button); }
 
 void ButtonView::SyncOwn() {
     if (m_caption.Take(TheData().Caption)) SetText(m_button, TheData().Caption);
-    if (m_font.Take(TheData().Font)) m_button.setFont(ToQt(TheData().Font));
+    if (m_font.Take(TheData().Font))
+        m_button.setFont(FittingFont(ToQt(TheData().Font), m_button.text(), m_button.size() - ButtonFrame));
     if (!m_outOfSight.Take(TheData().OutOfSight)) return;
     SetFocusPolicy(m_button, TheData());
     if (TheData().OutOfSight) m_button.setFocusPolicy(Qt::NoFocus);

@@ -13,6 +13,12 @@ namespace {
 
 constexpr int NoLimit = 32767;
 constexpr int WidestList = 440;
+constexpr int FrameHeight = 8;  // above and below a line of text
+
+/// A game's letters may be higher than a line of the program.
+QFont FontOfLine(const Font& font, const QWidget& widget) {
+    return FittingFont(ToQt(font), "Gg", {widget.width(), widget.height() - FrameHeight});
+}
 
 Qt::FocusPolicy PolicyOf(const Control& control) {
     return control.TabStop ? Qt::StrongFocus : Qt::ClickFocus;
@@ -35,7 +41,7 @@ LineEditView::LineEditView(TextBox& box, ViewHost& host, QWidget* parent)
 
 void LineEditView::SyncOwn() {
     TextBox& box = TheData();
-    if (m_font.Take(box.Font)) m_edit.setFont(ToQt(box.Font));
+    if (m_font.Take(box.Font)) m_edit.setFont(FontOfLine(box.Font, m_edit));
     if (m_maxLength.Take(box.MaxLength)) m_edit.setMaxLength(box.MaxLength > 0 ? box.MaxLength : NoLimit);
     if (m_text.Take(box.Text)) m_edit.setText(ToQt(box.Text));
     if (!box.SelectAllRequested) return;
@@ -133,7 +139,7 @@ void ComboBoxView::ApplyRows() {
 
 void ComboBoxView::SyncOwn() {
     const ComboBox& box = TheData();
-    if (m_font.Take(box.Font)) m_box.setFont(ToQt(box.Font));
+    if (m_font.Take(box.Font)) m_box.setFont(FontOfLine(box.Font, m_box));
     const bool newRows = m_rows.Take(box.Rows);
     if (newRows) ApplyRows();
     if (m_row.Take(box.ListIndex) || newRows) m_box.setCurrentIndex(box.ListIndex);

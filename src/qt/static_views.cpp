@@ -75,10 +75,20 @@ void LabelWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     // Room for the ring.
     const int margin = focusPolicy() == Qt::NoFocus || (alignment() & Qt::AlignHCenter) ? 0 : FocusMargin;
-    style()->drawItemText(&painter, rect().adjusted(margin, 0, -margin, 0),
-                          static_cast<int>(alignment() | VerticalPlace()) | LabelTextFlags, palette(),
-                          isEnabled(), m_caption, QPalette::WindowText);
+    PaintCaption(painter, rect().adjusted(margin, 0, -margin, 0));
     if (hasFocus()) Look::DrawFocusRing(painter, rect());
+}
+
+/// The size of the letters was chosen by height alone, so a word may be wider than the label. It gets smaller
+/// letters, and is broken when these would be too small to read.
+void LabelWidget::PaintCaption(QPainter& painter, const QRect& room) const {
+    const QFont fitting = FittingFont(font(), m_caption, room.size());
+    const bool fits = FitsRoom(fitting, m_caption, room.size());
+    const Qt::Alignment place = alignment() | (fits ? VerticalPlace() : Qt::AlignTop);
+    const int flags = LabelTextFlags | (fits ? 0 : Qt::TextWrapAnywhere);
+    painter.setFont(fitting);
+    style()->drawItemText(&painter, room, static_cast<int>(place) | flags, palette(), isEnabled(), m_caption,
+                          QPalette::WindowText);
 }
 
 /// Only a text with much room stands at its top, as on a page.

@@ -38,6 +38,7 @@ class LabelWidget final : public QLabel {
 
   private:
     Qt::Alignment VerticalPlace() const;
+    void PaintCaption(QPainter& painter, const QRect& room) const;
 
     QString m_caption;
 };

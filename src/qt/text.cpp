@@ -14,6 +14,8 @@ namespace {
 constexpr int AnyHeight = 1 << 20;
 constexpr double SmallFontsDensity = 96;
 constexpr double LargeFontsDensity = 120;
+constexpr int LegiblePoints = 6;
+constexpr int LongestToolTipLine = 60;  // characters
 
 /// Sizes are chosen for two densities. At any other, letters get as many pixels as with large fonts.
 double DensityFactor() {
@@ -59,7 +61,8 @@ QChar AccessKey(std::string_view caption) {
 
 QString ToolTip(std::string_view text) {
     const QString plain = ToQt(text);
-    return Qt::mightBeRichText(plain) ? "<p>" + plain.toHtmlEscaped() + "</p>" : plain;
+    const bool wraps = plain.size() > LongestToolTipLine || Qt::mightBeRichText(plain);
+    return wraps ? Qt::convertFromPlainText(plain, Qt::WhiteSpaceNormal) : plain;
 }
 
 TextExtent WrappedTextExtent(const Font& font, std::string_view text, int width) {
@@ -67,6 +70,18 @@ TextExtent WrappedTextExtent(const Font& font, std::string_view text, int width)
     const QRect room(0, 0, std::max(1, width), AnyHeight);
     const QRect taken = QFontMetrics(ToQt(font)).boundingRect(room, LabelTextFlags, ToQt(text));
     return {taken.width(), taken.height()};
+}
+
+bool FitsRoom(const QFont& font, const QString& text, QSize room) {
+    const QRect page(0, 0, room.width(), AnyHeight);
+    const QSize needed = QFontMetrics(font).boundingRect(page, LabelTextFlags, text).size();
+    return needed.width() <= room.width() && needed.height() <= room.height();
+}
+
+QFont FittingFont(QFont font, const QString& text, QSize room) {
+    while (font.pointSizeF() > LegiblePoints && !FitsRoom(font, text, room))
+        font.setPointSizeF(font.pointSizeF() - 1);
+    return font;
 }
 
 int ToPixels(float units, float unitsPerPixel) {

@@ -24,11 +24,17 @@ QString PlainCaption(std::string_view caption);
 /// The character after the single "&" as a capital; null when there is none.
 QChar AccessKey(std::string_view caption);
 
-/// A tool tip that shows the text as it stands, also where it looks like markup.
+/// A tool tip that shows the text as it stands, also where it looks like markup, and wraps a long one.
 QString ToolTip(std::string_view text);
 
 /// The room that a label's text takes when it is wrapped at `width` pixels.
 TextExtent WrappedTextExtent(const Font& font, std::string_view text, int width);
+
+/// Whether the text stands whole in the room, wrapped at words and with no word wider than the room.
+bool FitsRoom(const QFont& font, const QString& text, QSize room);
+/// The font, or a smaller one where the text would be cut off in the room. It stays legible, so a text may be
+/// too long for it all the same.
+QFont FittingFont(QFont font, const QString& text, QSize room);
 
 /// Rounds twips to pixels; a control inside a picture box has pixels already (a scale of 1).
 int ToPixels(float units, float unitsPerPixel);

@@ -154,6 +154,43 @@ TEST_F(Showing, PaintsLabelsOverWhatIsBehindThem) {
     EXPECT_FALSE(HasColour(board.copy(0, 0, 80, 30), Look::Teal.rgb()));
 }
 
+struct RoomRow {
+    const char* name;
+    const char* caption;
+    int width, height;
+};
+class LabelRoom : public Showing, public testing::WithParamInterface<RoomRow> {};
+
+TEST_P(LabelRoom, IsNeverTooSmallForItsText) {
+    form.Place(form.lblName, 10, 12, GetParam().width, GetParam().height);
+    form.lblName.Caption = GetParam().caption;
+    form.lblName.Font = {"DejaVu Sans", 18, true};
+    form.lblName.ForeColor = {255, 0, 255};
+    Show(form);
+    const QImage label = Find(form.lblName).grab().toImage();
+    const QRect room = label.rect();
+    const QRgb ink = qRgb(255, 0, 255);
+    EXPECT_TRUE(HasColour(label, ink));
+    EXPECT_FALSE(HasColour(label.copy(0, room.bottom(), room.width(), 1), ink));
+    EXPECT_FALSE(HasColour(label.copy(room.right(), 0, 1, room.height()), ink));
+}
+INSTANTIATE_TEST_SUITE_P(All, LabelRoom,
+                         testing::Values(RoomRow{"LongWord", "Christopher", 88, 44},
+                                         RoomRow{"WordToBreak", "HHHHHHHHHHHHHHHHHHHHHHHHHHHH", 88, 60},
+                                         RoomRow{"ManyLines", "one two three four five six", 88, 44}),
+                         [](const auto& row) { return row.param.name; });
+
+TEST_F(Showing, KeepsLargeLettersInsideTheirLine) {
+    form.txtName.Font.Size = form.cmdOk.Font.Size = form.cboGame.Font.Size = 60;
+    form.cmdOk.Caption = "Ok";
+    Show(form);
+    for (const Control* control :
+         std::initializer_list<Control*>{&form.txtName, &form.cmdOk, &form.cboGame}) {
+        const QWidget& widget = Find(*control);
+        EXPECT_LT(QFontMetrics(widget.font()).height(), widget.height()) << control->Name;
+    }
+}
+
 struct CaptionRow {
     const char* name;
     const char* caption;
@@ -188,6 +225,12 @@ TEST_F(Showing, GivesEverythingANameAndADescription) {
     EXPECT_EQ(Find(form.lstPlayers).accessibleName(), "Players");
     EXPECT_EQ(Find(form.lblName).accessibleName(), "");
     EXPECT_EQ(Find<QPushButton>(form.cmdOk).text(), "&Ok");
+}
+
+TEST_F(Showing, WrapsALongToolTip) {
+    form.cmdOk.ToolTipText = std::string(254, 'x');
+    Show(form);
+    EXPECT_EQ(Find(form.cmdOk).toolTip(), "<p>" + QString(254, 'x') + "</p>");
 }
 
 TEST_F(Showing, KeepsAKeyboardTwinOutOfSight) {
