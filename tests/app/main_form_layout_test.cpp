@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <gmock/gmock.h>
 
 #include "board/main_form.h"
@@ -8,7 +9,12 @@ namespace {
 
 using namespace testing;
 
-class LayoutTest : public testing::TestWithParam<int> {
+struct ScreenSize {
+    int Width, Height;
+};
+
+/// At a density, on a screen.
+class LayoutTest : public testing::TestWithParam<std::tuple<int, ScreenSize>> {
   protected:
     LayoutTest() {
         machine.SetUp(g);
@@ -22,8 +28,22 @@ class LayoutTest : public testing::TestWithParam<int> {
     float Right(const Control& control) const { return Pixels(control.Left + control.Width); }
     float Bottom(const Control& control) const { return Pixels(control.Top + control.Height); }
 
+    static bool IsNoUse(const Control& control) {
+        return control.Kind == ControlKind::Image || control.Container || control.Name == "lblSpoken" ||
+               (control.Kind == ControlKind::Button && static_cast<const Button&>(control).OutOfSight);
+    }
+    /// What has text or can be used.
+    std::vector<const Control*> Used() const {
+        std::vector<const Control*> used;
+        for (const Control* control : form.Controls)
+            if (control->Visible && !IsNoUse(*control)) used.push_back(control);
+        return used;
+    }
+
+    const int Density = std::get<0>(GetParam());
+    const ScreenSize Size = std::get<1>(GetParam());
     test::TestMachine machine;
-    HeadlessScreen screen{machine.User, {1280, 1024, GetParam()}};
+    HeadlessScreen screen{machine.User, {Size.Width, Size.Height, Density}};
     Globals g{machine.With(screen)};
     MainForm form{g};
 };
@@ -52,14 +72,14 @@ TEST_P(LayoutTest, SoundButtonsStandWhereTheirRowSays) {
 
 TEST_P(LayoutTest, FitsTheScreen) {
     form.ResizeObjects();
-    EXPECT_EQ((std::vector{form.Left, form.Top, Pixels(form.Width), Pixels(form.Height)}),
-              (std::vector{0.0f, 0.0f, 1280.0f, 1024.0f}));
-    EXPECT_EQ(Pixels(form.imgRound.Left), 1280 - 177);
+    EXPECT_THAT((std::vector{form.Left, form.Top, Pixels(form.Width), Pixels(form.Height)}),
+                ElementsAre(0, 0, Size.Width, Size.Height));
+    EXPECT_EQ(Pixels(form.imgRound.Left), Size.Width - 177);
     EXPECT_EQ(Pixels(form.lblRound.Left - form.imgRound.Left), 24);
     EXPECT_EQ(Pixels(form.lblRound.Top - form.imgRound.Top), 15);
     EXPECT_EQ(form.picOverview.Left + form.picOverview.Width / 2,
               form.imgRound.Left + form.imgRound.Width / 2);
-    EXPECT_EQ(Right(form.cmdQuit), 1280);
+    EXPECT_EQ(Right(form.cmdQuit), Size.Width);
     EXPECT_EQ(Pixels(form.cmdQuit.Left) - Right(form.cmdMinimizeWindow), 3);
     EXPECT_THAT(machine.Errors, IsEmpty());
 }
@@ -68,8 +88,8 @@ TEST_P(LayoutTest, GivesTheBoardTheMainArea) {
     form.ResizeObjects();
     EXPECT_EQ(form.picMainBoard.Left, 0);
     EXPECT_EQ(Pixels(form.picMainBoard.Top) - Bottom(form.picOverview), 8);
-    EXPECT_EQ(Bottom(form.picMainBoard), 1024);
-    EXPECT_EQ(Right(form.picMainBoard), 1280 - 177 - 7);
+    EXPECT_EQ(Bottom(form.picMainBoard), Size.Height);
+    EXPECT_EQ(Right(form.picMainBoard), Size.Width - 177 - 7);
     EXPECT_EQ(Pixels(form.imgBoardStrip.Width - form.picMainBoard.Width), 3);
     EXPECT_EQ(Pixels(form.picMainBoard.Top - form.imgBoardStrip.Top), 4);
 }
@@ -101,6 +121,23 @@ TEST_P(LayoutTest, LinesTheButtonsUpFromRightToLeft) {
     EXPECT_EQ(Pixels(form.cmdNew.Left) - Right(form.lblGameName), 7);
 }
 
+TEST_P(LayoutTest, KeepsAllThatIsUsedOnTheScreenAndApart) {
+    for (Label& points : form.lblPoints) points.Visible = true;
+    form.ResizeObjects();
+    for (const Control* one : Used()) {
+        SCOPED_TRACE(one->Name);
+        EXPECT_GE(std::min(one->Left, one->Top), 0);
+        EXPECT_LE(Right(*one), Size.Width);
+        EXPECT_LE(Bottom(*one), Size.Height);
+        for (const Control* other : Used()) {
+            if (one == other) continue;
+            EXPECT_TRUE(Right(*one) <= Pixels(other->Left) || Right(*other) <= Pixels(one->Left) ||
+                        Bottom(*one) <= Pixels(other->Top) || Bottom(*other) <= Pixels(one->Top))
+                << other->Name;
+        }
+    }
+}
+
 TEST_P(LayoutTest, LeavesAMinimisedFormAlone) {
     form.WindowState = WindowState::Minimised;
     const std::vector<float> board = PlaceOf(form.picMainBoard);
@@ -113,8 +150,14 @@ TEST_P(LayoutTest, LeavesAMinimisedFormAlone) {
     EXPECT_NE(PlaceOf(form.picMainBoard), board);
 }
 
-INSTANTIATE_TEST_SUITE_P(Densities, LayoutTest, testing::Values(96, 120),
-                         [](const auto& row) { return "Dpi" + std::to_string(row.param); });
+INSTANTIATE_TEST_SUITE_P(Screens, LayoutTest,
+                         testing::Combine(testing::Values(96, 120),
+                                          testing::Values(ScreenSize{1024, 768}, ScreenSize{1280, 1024},
+                                                          ScreenSize{3840, 2160})),
+                         [](const auto& row) {
+                             return "Dpi" + std::to_string(std::get<0>(row.param)) + "On" +
+                                    std::to_string(std::get<1>(row.param).Width);
+                         });
 
 TEST(LayoutAtSmallFontsTest, TheDesignStands) {
     test::TestMachine machine;

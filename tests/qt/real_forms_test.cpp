@@ -3,13 +3,16 @@
 #include <QFontMetrics>
 #include <QLabel>
 #include <QTimer>
+#include <algorithm>
 #include <cmath>
+#include <fstream>
 #include <gtest/gtest.h>
 
 #include "app/program.h"
 #include "headless/no_shell.h"
 #include "platform/seeded_random.h"
 #include "platform/temporary_directory.h"
+#include "presentation/text_fitting.h"
 #include "qt/control_view.h"
 #include "qt/qt_screen.h"
 #include "qt/text.h"
@@ -29,6 +32,7 @@ std::string Longest() {
 struct RunningProgram {
     RunningProgram() {
         program.globals.AppDir = folder.Path();
+        program.globals.SmallFonts = IsSmallFonts(screen);
         program.globals.gErrHandler.ShowDetails = [](const std::string& details) {
             ADD_FAILURE() << details;
         };
@@ -39,6 +43,11 @@ struct RunningProgram {
         game->PreferredResolution = "1024 x 768";
         card.message = card.Answer1 = card.Answer3 = card.Answer4 = Longest();
         card.Answer2 = "Short";
+    }
+
+    void ShowAtOnce(Form& form) {
+        form.Show();
+        screen.PumpEvents();
     }
 
     test::TemporaryDirectory folder;
@@ -96,6 +105,23 @@ const FormRow Rows[] = {
     {"Card", [](Program& p) -> Form& { return p.dlgDrawCard; }, AskCard},
     {"Players", [](Program& p) -> Form& { return p.dlgPlayers; }, AskPlayers},
     {"Chooser", [](Program& p) -> Form& { return p.dlgLoadGame; }, AskGame},
+    {"GameHelp", [](Program& p) -> Form& { return p.dlgRTF; },
+     [](RunningProgram& run) {
+         run.game->HelpFile = "help.txt";
+         std::ofstream(run.folder.Path() / "help.txt") << Longest();
+         bool ok = false;
+         run.program.dlgRTF.ShowGameHelp(run.game, ok);
+     }},
+    {"Slots", [](Program& p) -> Form& { return p.frmSlots; },
+     [](RunningProgram& run) { run.ShowAtOnce(run.program.frmSlots); }},
+    {"Splash", [](Program& p) -> Form& { return p.frmTabulonSplash; },
+     [](RunningProgram& run) { run.ShowAtOnce(run.program.frmTabulonSplash); }},
+    {"TitlePage", [](Program& p) -> Form& { return p.frmSplash; },
+     [](RunningProgram& run) {
+         run.game->GameName = run.game->Author = run.game->PreferredResolution = Longest();
+         run.program.frmSplash.SetUp(*run.game);
+         run.screen.PumpEvents();
+     }},
     {"Help", [](Program& p) -> Form& { return p.dlgHelp; },
      [](RunningProgram& run) { run.program.dlgHelp.SetUp(run.game); }},
     {"Tip", [](Program& p) -> Form& { return p.dlgTipOfTheDay; },
@@ -126,14 +152,11 @@ QWidget* WindowOf(const Form& form) {
     return nullptr;
 }
 
-QRect PlaceByData(const Control& control, float twips) {
-    const auto pixels = [twips](float value) { return static_cast<int>(std::lround(value / twips)); };
-    return {pixels(control.Left), pixels(control.Top), pixels(control.Width), pixels(control.Height)};
-}
-
 bool IsOutOfSight(const Control& control) {
     return control.Kind == ControlKind::Button && static_cast<const Button&>(control).OutOfSight;
 }
+
+bool IsOnlyHeard(const Control& control) { return control.Left < 0; }
 
 void ExpectTextFits(const QLabel& label) {
     const QRect room(0, 0, label.width(), 1 << 20);
@@ -151,8 +174,9 @@ void ExpectLikeItsData(const Form& form, const QWidget& window) {
         ASSERT_TRUE(widget);
         EXPECT_EQ(widget->isVisibleTo(&window), control->Visible);
         EXPECT_EQ(widget->isEnabled(), control->Enabled);
-        if (IsOutOfSight(*control) || !control->Visible || control->Container) continue;
-        EXPECT_EQ(widget->geometry(), PlaceByData(*control, twips));
+        if (IsOutOfSight(*control) || !control->Visible) continue;
+        EXPECT_EQ(widget->geometry(), ToPixels(*control, twips));
+        if (control->Container || IsOnlyHeard(*control)) continue;
         EXPECT_TRUE(window.rect().contains(widget->geometry()));
         if (const auto* label = dynamic_cast<const QLabel*>(widget)) ExpectTextFits(*label);
     }
@@ -162,27 +186,28 @@ void ExpectLikeItsData(const Form& form, const QWidget& window) {
 void ExpectNoOverlaps(const Form& form) {
     const auto counts = [](const Control* control) {
         const bool isGround = control->Kind == ControlKind::Shape || control->Kind == ControlKind::Image;
-        return control->Visible && !isGround && !IsOutOfSight(*control);
+        return control->Visible && !control->Container && !isGround && !IsOutOfSight(*control);
     };
     const float twips = form.TheScreen.TwipsPerPixelX();
     for (const Control* a : form.Controls) {
         for (const Control* b : form.Controls) {
             if (a == b || !counts(a) || !counts(b)) continue;
-            EXPECT_FALSE(PlaceByData(*a, twips).intersects(PlaceByData(*b, twips)))
-                << a->Name << " " << b->Name;
+            EXPECT_FALSE(ToPixels(*a, twips).intersects(ToPixels(*b, twips))) << a->Name << " " << b->Name;
         }
     }
 }
 
 /// The keyboard can come in, and on to all that can be used.
 void ExpectFocus(const Form& form, const QWidget& window) {
-    EXPECT_TRUE(window.focusWidget());
+    const auto takesKeys = [](const QWidget* widget) { return widget->focusPolicy() & Qt::TabFocus; };
+    const auto widgets = window.findChildren<QWidget*>();
+    EXPECT_EQ(window.focusWidget() != nullptr, std::any_of(widgets.begin(), widgets.end(), takesKeys));
     for (const Control* control : form.Controls) {
         const bool used = control->Visible && control->TabStop && !IsOutOfSight(*control);
         const bool kind = control->Kind == ControlKind::PictureButton || IsInput(control->Kind);
         if (!used || !kind) continue;
         const auto* widget = window.findChild<QWidget*>(QString::fromStdString(control->Name));
-        EXPECT_TRUE(widget->focusPolicy() & Qt::TabFocus) << control->Name;
+        EXPECT_TRUE(takesKeys(widget)) << control->Name;
     }
 }
 
@@ -206,6 +231,29 @@ TEST_P(RealForm, IsShownAsItsDataSay) {
     GetParam().open(run);
     EXPECT_TRUE(seen);
 }
+
+/// Without a game around it: only its controls are of interest.
+TEST(RealMainForm, IsShownAsItsDataSay) {
+    RunningProgram run;
+    MainForm form(run.program.globals);
+    form.Load();
+    form.RepositionElements();
+    form.ResizeObjects();
+    form.lblGameName.Caption = Longest();
+    for (int i = 0; i < MaxSeats; ++i) {
+        form.lblName[i].Caption = i % 2 ? "דוד המלך" : "Zoë Füchsin 🦊";
+        form.lblPoints[i].Caption = "Points: -32768";
+        form.lblPoints[i].Visible = true;
+    }
+    SetFormObjectFonts(run.program.globals, form, "Comic Neue", 16);
+    run.ShowAtOnce(form);
+    const QWidget* window = WindowOf(form);
+    ASSERT_TRUE(window);
+    ExpectLikeItsData(form, *window);
+    ExpectNoOverlaps(form);
+    ExpectFocus(form, *window);
+}
+
 INSTANTIATE_TEST_SUITE_P(All, RealForm, testing::ValuesIn(Rows),
                          [](const auto& row) { return row.param.name; });
 
