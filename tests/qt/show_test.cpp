@@ -154,6 +154,34 @@ TEST_F(Showing, PaintsLabelsOverWhatIsBehindThem) {
     EXPECT_FALSE(HasColour(board.copy(0, 0, 80, 30), Look::Teal.rgb()));
 }
 
+TEST_F(Showing, AButtonLooksDifferentInEachOfItsStates) {
+    form.cmdRoll.Picture = Picture::Product("buttons/roll");
+    Show(form);
+    for (const Control* control :
+         {static_cast<Control*>(&form.cmdOk), static_cast<Control*>(&form.cmdRoll)}) {
+        auto& button = Find<QAbstractButton>(*control);
+        std::vector<QImage> looks;
+        QTest::mouseMove(&Find(form.txtName));
+        const auto look = [&] {
+            const QImage image = button.grab().toImage();
+            EXPECT_EQ(std::count(looks.begin(), looks.end(), image), 0) << control->Name << looks.size();
+            looks.push_back(image);
+        };
+        Find(form.txtName).setFocus();
+        look();
+        QTest::mouseMove(&button);
+        look();
+        button.setDown(true);
+        look();
+        button.setDown(false);
+        QTest::mouseMove(&Find(form.txtName));
+        button.setFocus();
+        look();
+        button.setEnabled(false);
+        look();
+    }
+}
+
 struct RoomRow {
     const char* name;
     const char* caption;
