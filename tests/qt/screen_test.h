@@ -65,14 +65,14 @@ class TestForm : public Form {
     void Form_Unload() override { ++unloads; }
 };
 
+inline QWidget* WindowOf(const Form& form) {
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->objectName().toStdString() == form.Name && window->isVisible()) return window;
+    return nullptr;
+}
+
 class ScreenTest : public testing::Test {
   protected:
-    static QWidget* WindowOf(const Form& form) {
-        for (QWidget* window : QApplication::topLevelWidgets())
-            if (window->objectName().toStdString() == form.Name && window->isVisible()) return window;
-        return nullptr;
-    }
-
     template <class Widget>
     static Widget& Find(const Control& control) {
         auto* widget = WindowOf(control.Parent)->findChild<QWidget*>(QString::fromStdString(control.Name));

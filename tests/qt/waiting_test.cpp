@@ -128,33 +128,29 @@ TEST_F(Waiting, RunShowsAFailureThatNobodyTookAndGoesOn) {
     EXPECT_EQ(shown, "No <b>board</b>");
 }
 
-struct SleepRow {
-    const char* name;
-    void (*act)(QWidget& button);
-};
-class Sleeping : public Waiting, public testing::WithParamInterface<SleepRow> {};
-
-TEST_P(Sleeping, HoldsWhatComesForTheNextPump) {
+TEST_F(Waiting, SleepHoldsWhatComesForTheNextPump) {
+    const std::pair<const char*, void (*)(QWidget&)> ways[] = {
+        {"mouse", [](QWidget& button) { QTest::mouseClick(&button, Qt::LeftButton); }},
+        {"key", [](QWidget& button) { QTest::keyClick(&button, Qt::Key_Space); }},
+        {"screen reader", [](QWidget& button) { dynamic_cast<QAbstractButton&>(button).click(); }},
+    };
     form.cmdOk.Click = Log("click");
     Show(form);
-    bool acted = false;
-    Soon([this, &acted] {
-        GetParam().act(Find(form.cmdOk));
-        acted = true;
-    });
-    screen.Sleep(5);
-    EXPECT_TRUE(acted);
-    EXPECT_TRUE(log.empty());
-    screen.PumpEvents();
-    EXPECT_THAT(log, ElementsAre("click"));
+    for (const auto& [name, act] : ways) {
+        SCOPED_TRACE(name);
+        log.clear();
+        bool acted = false;
+        Soon([&, press = act] {
+            press(Find(form.cmdOk));
+            acted = true;
+        });
+        screen.Sleep(5);
+        EXPECT_TRUE(acted);
+        EXPECT_TRUE(log.empty());
+        screen.PumpEvents();
+        EXPECT_THAT(log, ElementsAre("click"));
+    }
 }
-INSTANTIATE_TEST_SUITE_P(
-    All, Sleeping,
-    testing::Values(SleepRow{"Mouse", [](QWidget& button) { QTest::mouseClick(&button, Qt::LeftButton); }},
-                    SleepRow{"Key", [](QWidget& button) { QTest::keyClick(&button, Qt::Key_Space); }},
-                    SleepRow{"ScreenReader",
-                             [](QWidget& button) { dynamic_cast<QAbstractButton&>(button).click(); }}),
-    [](const auto& row) { return row.param.name; });
 
 TEST_F(Waiting, SleepShowsChangesAndTakesItsTime) {
     Show(form);
@@ -244,34 +240,30 @@ TEST_F(Waiting, AFormMayUnloadItselfInAnyHandler) {
     EXPECT_FALSE(form.Loaded);
 }
 
-struct BoxRow {
-    const char* name;
-    BoxButtons buttons;
-    QMessageBox::StandardButton pressed;
-    BoxAnswer answer;
-};
-class MessageBoxAnswer : public Waiting, public testing::WithParamInterface<BoxRow> {};
-
-TEST_P(MessageBoxAnswer, IsTheButtonThatWasPressed) {
-    Soon([] {
-        auto* box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
-        EXPECT_EQ(box->windowTitle(), "Tab Player");
-        if (QAbstractButton* button = box->button(GetParam().pressed))
-            button->click();
-        else
-            box->close();
-    });
-    EXPECT_EQ(screen.MsgBox("Go on?", BoxIcon::Question, GetParam().buttons, {}), GetParam().answer);
+TEST_F(Waiting, AMessageBoxAnswersWithTheButtonThatWasPressed) {
+    const struct {
+        const char* name;
+        BoxButtons buttons;
+        QMessageBox::StandardButton pressed;
+        BoxAnswer answer;
+    } rows[] = {
+        {"Ok", BoxButtons::Ok, QMessageBox::Ok, BoxAnswer::Ok},
+        {"Cancel", BoxButtons::OkCancel, QMessageBox::Cancel, BoxAnswer::Cancel},
+        {"Yes", BoxButtons::YesNo, QMessageBox::Yes, BoxAnswer::Yes},
+        {"No", BoxButtons::YesNoCancel, QMessageBox::No, BoxAnswer::No},
+        {"closed by the frame", BoxButtons::YesNoCancel, QMessageBox::NoButton, BoxAnswer::Cancel},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        Soon([&row] {
+            auto* box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
+            EXPECT_EQ(box->windowTitle(), "Tab Player");
+            QAbstractButton* button = box->button(row.pressed);
+            button ? button->click() : static_cast<void>(box->close());
+        });
+        EXPECT_EQ(screen.MsgBox("Go on?", BoxIcon::Question, row.buttons, {}), row.answer);
+    }
 }
-INSTANTIATE_TEST_SUITE_P(
-    All, MessageBoxAnswer,
-    testing::Values(BoxRow{"Ok", BoxButtons::Ok, QMessageBox::Ok, BoxAnswer::Ok},
-                    BoxRow{"Cancel", BoxButtons::OkCancel, QMessageBox::Cancel, BoxAnswer::Cancel},
-                    BoxRow{"Yes", BoxButtons::YesNo, QMessageBox::Yes, BoxAnswer::Yes},
-                    BoxRow{"No", BoxButtons::YesNoCancel, QMessageBox::No, BoxAnswer::No},
-                    BoxRow{"ClosedByTheFrame", BoxButtons::YesNoCancel, QMessageBox::NoButton,
-                           BoxAnswer::Cancel}),
-    [](const auto& row) { return row.param.name; });
 
 TEST_F(Waiting, TheHourglassIsSetAndTakenBackOnce) {
     screen.SetMousePointer(MousePointer::Hourglass);
