@@ -96,7 +96,7 @@ TEST(StatisticsFigures, StopAtTheMostTurnsExactly) {
         EXPECT_EQ(statistics.Unfinished(), 3);
         EXPECT_EQ(statistics.Counted.Turns(), 3 * most);
         EXPECT_THAT(TroublesInWords(statistics), testing::ElementsAre("3 of 3 games did not end within " +
-                                                                      std::to_string(most) + " turns."));
+                                                                      playtest::CountOf(most, "turn") + "."));
     }
 }
 
@@ -161,6 +161,13 @@ TEST(HtmlReport, HasATextForEveryChart) {
     }
     EXPECT_EQ(charts, 4u);
     EXPECT_THAT(page, HasSubstr("<h2>Cards</h2>"));
+}
+
+TEST(HtmlReport, OfABoardWithoutAPictureTakesItsSizeFromTheSpaces) {
+    TinyGame game;
+    game.Settings["Board Image"] = "none.bmp";
+    EXPECT_THAT(HtmlReport(Play(game, {.Games = 1, .Seats = 1, .MaxTurns = 1})),
+                HasSubstr("viewBox=\"0 0 600 150\""));
 }
 
 TEST(HtmlReport, TellsFirstWhatWentWrong) {

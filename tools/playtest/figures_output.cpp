@@ -86,7 +86,7 @@ void PrintCounts(const Statistics& statistics, std::ostream& out) {
 }
 
 std::string Games(std::int64_t count, std::int64_t whole) {
-    return std::to_string(count) + " of " + std::to_string(whole) + (whole == 1 ? " game" : " games");
+    return std::to_string(count) + " of " + CountOf(whole, "game");
 }
 
 }  // namespace
@@ -96,6 +96,10 @@ std::string ShortNumber(double value) {
     text.resize(text.find('.') + 2);
     if (text.ends_with(".0")) text.resize(text.size() - 2);
     return text;
+}
+
+std::string CountOf(std::int64_t count, const std::string& thing) {
+    return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
 }
 
 std::string Percent(std::int64_t part, std::int64_t whole) {
@@ -115,16 +119,16 @@ std::vector<std::string> TroublesInWords(const Statistics& statistics) {
     const std::int64_t tooLong = statistics.Unfinished() - stopped;
     if (tooLong > 0)
         sentences.push_back(Games(tooLong, figures.Games()) + " did not end within " +
-                            std::to_string(statistics.Settings.MaxTurns) + " turns.");
+                            CountOf(statistics.Settings.MaxTurns, "turn") + ".");
     for (const auto& [procedure, trouble] : figures.Failures())
-        sentences.push_back(procedure + " failed " + std::to_string(trouble.Count) +
-                            (trouble.Count == 1 ? " time: " : " times: ") + trouble.Words + ".");
+        sentences.push_back(procedure + " failed " + CountOf(trouble.Count, "time") + ": " + trouble.Words +
+                            ".");
     return sentences;
 }
 
 void PrintReport(const Statistics& statistics, std::ostream& out) {
     const Figures& figures = statistics.Counted;
-    out << statistics.Game.Name << ", " << statistics.Settings.Seats << " computers, seed "
+    out << statistics.Game.Name << ", " << CountOf(statistics.Settings.Seats, "computer") << ", seed "
         << statistics.Settings.Seed << '\n';
     const std::vector<std::string> troubles = TroublesInWords(statistics);
     for (const std::string& sentence : troubles) out << "  " << sentence << '\n';

@@ -17,6 +17,8 @@ std::vector<std::string> TroublesInWords(const Statistics& statistics);
 
 /// "41.2", at most one place.
 std::string ShortNumber(double value);
+/// "1 game", "2 games".
+std::string CountOf(std::int64_t count, const std::string& thing);
 /// "26.1 %"; nothing of nothing is "0 %".
 std::string Percent(std::int64_t part, std::int64_t whole);
 

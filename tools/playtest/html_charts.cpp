@@ -20,7 +20,7 @@ constexpr int HistogramLeft = 50;
 constexpr std::int64_t MostColumns = 50;
 
 /// A chart with its text alternative.
-std::string Svg(int width, int height, const std::string& name, const std::string& description,
+std::string Svg(double width, double height, const std::string& name, const std::string& description,
                 const std::string& content) {
     std::ostringstream svg;
     svg << "<svg role=\"img\" viewBox=\"0 0 " << width << ' ' << height << "\" aria-label=\"" << Escaped(name)
@@ -76,7 +76,7 @@ std::vector<Column> Columns(const std::map<std::int64_t, std::int64_t>& lengths)
 }
 
 std::string Range(const Column& column) {
-    if (column.First == column.Last) return std::to_string(column.First) + " turns";
+    if (column.First == column.Last) return CountOf(column.First, "turn");
     return std::to_string(column.First) + " to " + std::to_string(column.Last) + " turns";
 }
 
@@ -109,7 +109,7 @@ std::string HeatColour(double heat) {
 }
 
 std::string SpaceMeaning(const GameFacts::Space& space, std::int64_t landings) {
-    return "Space " + std::to_string(space.Number) + ": " + std::to_string(landings) + " landings" +
+    return "Space " + std::to_string(space.Number) + ": " + CountOf(landings, "landing") +
            (space.Message.empty() ? "" : ". " + space.Message);
 }
 
@@ -134,16 +134,16 @@ std::string KeyToShades(std::int64_t most) {
     std::string key = "<p class=\"key\">0 ";
     for (int i = 0; i < Shades; ++i)
         key += "<i style=\"background:" + HeatColour(i / (Shades - 1.0)) + "\"></i>";
-    return key + " " + std::to_string(most) + " landings</p>\n";
+    return key + " " + CountOf(most, "landing") + "</p>\n";
 }
 
 /// The board's picture, or the size that the spaces need.
-std::pair<int, int> BoardSize(const GameFacts& game) {
+std::pair<double, double> BoardSize(const GameFacts& game) {
     if (game.Board) return {game.Board->Width, game.Board->Height};
-    int width = 1, height = 1;
+    double width = 1, height = 1;
     for (const GameFacts::Space& space : game.Spaces) {
-        width = std::max(width, space.Left + space.Width);
-        height = std::max(height, space.Top + space.Height);
+        width = std::max(width, static_cast<double>(space.Left) + space.Width);
+        height = std::max(height, static_cast<double>(space.Top) + space.Height);
     }
     return {width, height};
 }
@@ -187,7 +187,7 @@ std::string LengthChart(const Figures& figures) {
     for (const Column& column : columns) {
         const double height = HistogramHeight * static_cast<double>(column.Games) / static_cast<double>(most);
         content += Box(x, HistogramHeight + 10 - height, std::max(width - 1, 1.0), height, "class=\"bar\"",
-                       Range(column) + ": " + std::to_string(column.Games) + " games");
+                       Range(column) + ": " + CountOf(column.Games, "game"));
         x += width;
     }
     content += Text(HistogramLeft - 6, 18, std::to_string(most), "end");
@@ -212,9 +212,10 @@ std::string HeatMap(const Statistics& statistics) {
         const std::int64_t landings = statistics.Counted.Landings(space.Number);
         content << SpaceBox(space, landings, static_cast<double>(landings) / static_cast<double>(most));
     }
-    return Svg(width, height, "The board with the landings on each space", Busiest(statistics),
+    return "<div class=\"map\">" +
+           Svg(width, height, "The board with the landings on each space", Busiest(statistics),
                content.str()) +
-           KeyToShades(most);
+           KeyToShades(most) + "</div>\n";
 }
 
 }  // namespace tabulon::playtest

@@ -32,7 +32,8 @@ constexpr const char* Style =
     "border-bottom:1px solid #e8d9c8;vertical-align:top;overflow-wrap:anywhere}\n"
     "td.n,th.n{text-align:right;white-space:nowrap;width:4.5rem}\n"
     "@media "
-    "print{body{margin:0;max-width:none;font-size:11pt}h2,h3,p{break-after:avoid}svg,tr{break-inside:avoid}"
+    "print{body{margin:0;max-width:none;font-size:11pt}h2,h3,p{break-after:avoid}.key{break-after:auto}"
+    ".map,svg,tr{break-inside:avoid}"
     "*{print-color-adjust:exact;-webkit-print-color-adjust:exact}}\n"
     "</style>\n";
 
@@ -57,9 +58,10 @@ std::string Table(const std::vector<std::string>& heads, const std::string& rows
 
 std::string InWords(const Statistics& statistics) {
     const std::vector<std::string> troubles = TroublesInWords(statistics);
-    const std::string games = std::to_string(statistics.Counted.Games());
+    const std::int64_t games = statistics.Counted.Games();
     std::string words = troubles.empty() ? "<div class=\"good\">" : "<div class=\"bad\">";
-    if (statistics.Unfinished() == 0) words += Sentence("All " + games + " games ended.");
+    if (statistics.Unfinished() == 0)
+        words += Sentence(games == 1 ? "The game ended." : "All " + CountOf(games, "game") + " ended.");
     for (const std::string& trouble : troubles) words += Sentence(trouble);
     if (statistics.Counted.Failures().empty()) words += Sentence("Nothing failed.");
     return words + "</div>\n";
@@ -68,7 +70,7 @@ std::string InWords(const Statistics& statistics) {
 std::string LengthsInWords(const Figures& figures) {
     return Sentence("A game takes " + ShortNumber(figures.MeanLength()) +
                     " turns on average. Half of the games take at most " +
-                    ShortNumber(figures.MedianLength()) + " turns, nine of ten between " +
+                    ShortNumber(figures.MedianLength()) + ", nine of ten between " +
                     std::to_string(figures.LengthBelow(0.05)) + " and " +
                     std::to_string(figures.LengthBelow(0.95)) + ".");
 }
@@ -139,8 +141,8 @@ std::string HtmlReport(const Statistics& statistics) {
     std::ostringstream page;
     page << Head << "<title>" << name << ": playtest</title>\n"
          << Style << "</head>\n<body>\n<h1>" << name << "</h1>\n"
-         << Sentence(std::to_string(figures.Games()) + " games between " +
-                     std::to_string(statistics.Settings.Seats) + " computers, from the seed " +
+         << Sentence(CountOf(figures.Games(), "game") + " of " +
+                     CountOf(statistics.Settings.Seats, "computer") + ", from the seed " +
                      std::to_string(statistics.Settings.Seed) + ".")
          << InWords(statistics) << Heading("The board") << HeatMap(statistics)
          << Heading("How long games take") << LengthsInWords(figures) << LengthChart(figures)
