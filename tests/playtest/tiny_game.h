@@ -35,6 +35,7 @@ struct CardRow {
     int WrongAction = 0;
     double WrongData1 = 0;
     const char* RightMessage = "";
+    int WrongData2 = 0;
 };
 
 /// A game small enough to be reckoned by hand: by default ten spaces in a row that do nothing, one die, and
@@ -93,8 +94,8 @@ struct TinyGame {
         for (const CardRow& card : Cards)
             cells.push_back({"1", std::to_string(cells.size() + 1), "What?", std::to_string(card.Action),
                              card.RightMessage, std::to_string(card.Data1), std::to_string(card.Data2),
-                             std::to_string(card.WrongAction), "", std::to_string(card.WrongData1), "0", "0",
-                             "a", "b", "c", "d"});
+                             std::to_string(card.WrongAction), "", std::to_string(card.WrongData1),
+                             std::to_string(card.WrongData2), "0", "a", "b", "c", "d"});
         return Xml({"DeckID", "Index", "Message", "CorrectActionType", "CorrectMessage", "CorrectData1",
                     "CorrectData2", "IncorrectActionType", "IncorrectMessage", "IncorrectData1",
                     "IncorrectData2", "CorrectAnswer", "Answer1", "Answer2", "Answer3", "Answer4"},

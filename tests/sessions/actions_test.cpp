@@ -132,6 +132,21 @@ TEST_P(CardAction, DoesWhatItsCodeSays) {
     ExpectState(session.State(1), card.Expected);
 }
 
+TEST_P(CardAction, IsTheSameForAWrongAnswer) {
+    const CardCase& card = GetParam();
+    const CardRow wrong{.Action = 13,
+                        .WrongAction = card.Card.Action,
+                        .WrongData1 = card.Card.Data1,
+                        .WrongData2 = card.Card.Data2};
+    std::vector<double> random = Rolls({2});
+    random.push_back(0);
+    const PlayedSession session({.Rows = {{3, 0, 1, card.SpaceData2}}, .Cards = {wrong}},
+                                {.Random = random, .Steps = {{{"click", "cmdRoll"}, {"cards", {"B"}}}}});
+    EXPECT_THAT(session.Events(1), ElementsAreArray({"card B", "silence", "sound wrong_answer",
+                                                     "message Sorry you missed this one."}));
+    ExpectState(session.State(1), card.Expected);
+}
+
 INSTANTIATE_TEST_SUITE_P(
     EachCode, CardAction,
     Values(CardCase{"NoActionOfCode0",
