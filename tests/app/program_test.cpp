@@ -29,5 +29,20 @@ TEST(ProgramTest, ASecondCopyHandsOverWithoutAWord) {
     EXPECT_THAT(start.machine.User.BoxTexts(), IsEmpty());
 }
 
+TEST(ProgramTest, LeavingTheFirstChooserEndsItWithoutAWord) {
+    test::TestMachine machine;
+    Program program{machine.With(machine.TheScreen)};
+    machine.Random.Numbers.push_back(0);  // any genre
+    machine.User.Acts.push_back([&](Form& waiting) {
+        EXPECT_EQ(&waiting, &program.dlgLoadGame);
+        EXPECT_TRUE(program.frmTabulonSplash.Visible);
+        EXPECT_FALSE(program.frmMain.Visible);
+        program.dlgLoadGame.cmdCancel.Click();
+    });
+    EXPECT_THROW(program.Main(), ProgramEnd);
+    EXPECT_FALSE(program.frmTabulonSplash.Loaded || program.frmMain.Visible);
+    EXPECT_THAT(machine.User.BoxTexts(), IsEmpty());
+}
+
 }  // namespace
 }  // namespace tabulon
