@@ -200,6 +200,26 @@ TEST(Slots, OfSixReelsFailWithTheirSumComplete) {
                 {{"LastRoll", 12}, {"Position", {13, 1, 1}}, {"button", "cmdSpin"}, {"enabled", true}});
 }
 
+TEST(MissingBoard, IsToldAndThePiecesStandAllTheSame) {
+    const PlayedSession session({.Settings = {{"Board Image", "none.bmp"}}}, {.Steps = json::array()});
+    EXPECT_THAT(session.Events(0), Contains("error frmMain:LoadGameBoard 53").Times(1));
+    EXPECT_THAT(session.Events(0), Contains("error frmMain:SetOverviewSpace 11").Times(1));
+    ExpectState(session.State(0), {{"round", "Round 1"}, {"/pieces/2/shown", true}});
+}
+
+TEST(CancelledPlayers, LeaveAGameThatCannotBeSaved) {
+    const json cancel = {{"click", "cmdNew"}, {"yes", {true}}, {"players", {nullptr}}};
+    const PlayedSession session(
+        {}, {.Random = Rolls({2, 2}), .Steps = {cancel, {{"click", "cmdFakeRoll"}}, Save, Roll}});
+    ExpectState(session.State(1),
+                {{"IsComputer", {false}}, {"PieceName", {""}}, {"PlayerCount", 3}, {"enabled", false}});
+    ExpectState(session.State(2), {{"Position", {3, 1, 1}}, {"enabled", true}});
+    EXPECT_THAT(session.Events(3),
+                ElementsAre("question Do you want to save this game?", "error modSavedGames:SaveGame 9",
+                            "message Game save failed!"));
+    EXPECT_THAT(session.Events(4), ElementsAre("error frmMain:cmdRoll_Click 9"));
+}
+
 TEST(NoTurnDevice, StaysWithoutAButton) {
     const PlayedSession session({.Settings = {{"Turn Device", "2"}}}, {.Steps = {Roll}});
     ExpectState(session.State(0), {{"button", nullptr}, {"twin", ""}});
