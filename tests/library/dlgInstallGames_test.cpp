@@ -2,87 +2,75 @@
 
 #include "library/library_fixture.h"
 
-namespace tabulon {
+namespace tabulon::test {
 namespace {
 
-using test::LibraryRun;
-using testing::IsEmpty;
+class DlgInstallGamesTest : public testing::Test {
+  protected:
+    /// Offers one package, and does this with the dialog.
+    template <class Act>
+    bool Offer(const char* key, Act&& act) {
+        WritePackage(machine, key, "Alpha");
+        machine.User.Acts.push_back([&](Form&) { act(); });
+        bool result = false;
+        dialog.GetData({}, result);
+        EXPECT_FALSE(dialog.Loaded);
+        std::filesystem::remove(machine.AppDir() / (std::string(key) + ".gam"));
+        return result;
+    }
+    std::vector<std::string> Keys() {
+        return machine.Store.SubKeys(HKEY_LOCAL_MACHINE, GamesKey).value_or(std::vector<std::string>{});
+    }
+
+    TestMachine machine;
+    LibraryRun run{machine};
+    DlgInstallGames& dialog = run.dlgInstallGames;
+};
 
 struct Package {
-    const char* Name;
     const char* Key;  // base name of the package; its settings file is called alike
     bool Result;
     const char* InstalledAs;  // empty when no key is written
-    std::vector<std::string> Errors;
+    const char* Error = "";
 };
-class InstallPackageTest : public testing::TestWithParam<Package> {};
 
-TEST_P(InstallPackageTest, InstallsUnderTheKeyWithoutAnExtension) {
-    const Package& row = GetParam();
-    test::TestMachine machine;
-    test::WritePackage(machine, row.Key, "Alpha");
-    LibraryRun run(machine);
-    bool result = !row.Result;
-    machine.User.Acts.push_back([&](Form&) {
-        run.dlgInstallGames.lstAvailableGames.Select(0);
-        run.dlgInstallGames.cmdFakeOk.Click();
-    });
-    run.dlgInstallGames.GetData({}, result);
-    EXPECT_EQ(result, row.Result);
-    EXPECT_EQ(machine.Errors, row.Errors);
-    EXPECT_FALSE(run.dlgInstallGames.Loaded);
-    const auto keys =
-        machine.Store.SubKeys(HKEY_LOCAL_MACHINE, GamesKey).value_or(std::vector<std::string>{});
-    EXPECT_EQ(keys,
-              *row.InstalledAs ? std::vector<std::string>{row.InstalledAs} : std::vector<std::string>{});
+TEST_F(DlgInstallGamesTest, InstallsUnderTheKeyWithoutAnExtension) {
+    constexpr const char* guid = "{00000000-1111-2222-3333-444444444444}";
+    const Package rows[] = {
+        {guid, true, guid},
+        {"alpha", true, "alpha"},
+        {"alph", true, "alph"},
+        {"abc", false, "", "dlgInstallGames:GetData 5"},
+        {"{a}.old", true, "", "modInstallUninstall:InstallGameSettings 53"},
+    };
+    std::vector<std::string> installed, errors;
+    for (const Package& row : rows) {
+        SCOPED_TRACE(row.Key);
+        const auto install = [&] {
+            dialog.lstAvailableGames.Select(0);
+            dialog.cmdFakeOk.Click();
+        };
+        EXPECT_EQ(Offer(row.Key, install), row.Result);
+        if (*row.InstalledAs) installed.emplace_back(row.InstalledAs);
+        if (*row.Error) errors.emplace_back(row.Error);
+        EXPECT_EQ(Keys(), installed);
+        EXPECT_EQ(machine.Errors, errors);
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Keys, InstallPackageTest,
-    testing::Values(
-        Package{"Guid",
-                "{00000000-1111-2222-3333-444444444444}",
-                true,
-                "{00000000-1111-2222-3333-444444444444}",
-                {}},
-        Package{"Word", "alpha", true, "alpha", {}}, Package{"FourCharacters", "alph", true, "alph", {}},
-        Package{"TooShort", "abc", false, "", {"dlgInstallGames:GetData 5"}},
-        Package{"CutBehindTheBrace", "{a}.old", true, "", {"modInstallUninstall:InstallGameSettings 53"}}),
-    [](const auto& row) { return row.param.Name; });
-
-struct Closing {
-    const char* Name;
-    void (*Close)(DlgInstallGames&);
-};
-class NothingInstalledTest : public testing::TestWithParam<Closing> {};
-
-TEST_P(NothingInstalledTest, GivesFalseWithoutAMessage) {
-    test::TestMachine machine;
-    test::WritePackage(machine, "{a}", "Alpha");
-    LibraryRun run(machine);
-    bool result = true;
-    machine.User.Acts.push_back([](Form& form) { GetParam().Close(static_cast<DlgInstallGames&>(form)); });
-    run.dlgInstallGames.GetData({}, result);
-    EXPECT_FALSE(result);
-    EXPECT_THAT(machine.User.Boxes, IsEmpty());
-    EXPECT_THAT(machine.Errors, IsEmpty());
-    EXPECT_FALSE(machine.Store.KeyExists(HKEY_LOCAL_MACHINE, GamesKey));
+TEST_F(DlgInstallGamesTest, NothingIsInstalledWithoutARowOrWhenLeft) {
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"Ok without a row", [&] { dialog.cmdOk.Click(); }},
+        {"Cancel with a row", [&] { dialog.lstAvailableGames.Select(0), dialog.cmdFakeCancel.Click(); }},
+        {"close box with a row", [&] { dialog.lstAvailableGames.Select(0), dialog.Unload(); }},
+    };
+    for (const auto& [name, leave] : ways) {
+        EXPECT_FALSE(Offer("{a}", leave)) << name;
+        EXPECT_THAT(machine.User.Boxes, testing::IsEmpty());
+        EXPECT_THAT(machine.Errors, testing::IsEmpty());
+        EXPECT_THAT(Keys(), testing::IsEmpty());
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Ways, NothingInstalledTest,
-                         testing::Values(Closing{"OkWithoutARow",
-                                                 [](DlgInstallGames& d) { d.cmdOk.Click(); }},
-                                         Closing{"CancelWithARow",
-                                                 [](DlgInstallGames& d) {
-                                                     d.lstAvailableGames.Select(0);
-                                                     d.cmdFakeCancel.Click();
-                                                 }},
-                                         Closing{"CloseBoxWithARow",
-                                                 [](DlgInstallGames& d) {
-                                                     d.lstAvailableGames.Select(0);
-                                                     d.Unload();
-                                                 }}),
-                         [](const auto& row) { return row.param.Name; });
 
 }  // namespace
-}  // namespace tabulon
+}  // namespace tabulon::test

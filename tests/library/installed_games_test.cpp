@@ -1,4 +1,5 @@
 #include <gmock/gmock.h>
+#include <sstream>
 
 #include "library/modSavedGames.h"
 #include "support/test_machine.h"
@@ -6,9 +7,6 @@
 
 namespace tabulon {
 namespace {
-
-using test::WriteZip;
-using testing::IsEmpty;
 
 using Texts = std::vector<std::string>;
 
@@ -19,141 +17,118 @@ Array<std::string> ArrayOf(const Texts& texts) {
     return array;
 }
 
-Texts TextsOf(const Array<std::string>& array) {
-    Texts texts;
-    for (int i = 0; i <= array.UBound(); ++i) texts.push_back(array[i]);
-    return texts;
+std::string Joined(const Array<std::string>& array) {
+    std::string text;
+    for (int i = 0; i <= array.UBound(); ++i) text += (i == 0 ? "" : "|") + array[i];
+    return text;
 }
 
 class InstalledGamesTest : public testing::Test {
   protected:
-    void GetAvailableGames() { library.GetAvailableGames(games, names, descriptions, count); }
+    void SetName(const std::string& key, const std::string& name) {
+        machine.g.Registry.RegistrySetKeyValue(HKEY_LOCAL_MACHINE, std::string(GamesKey) + "\\" + key,
+                                               "Game Name", name, REG_SZ);
+    }
+    /// A key with a package, or with what its sign tells: "-" no package, "~" a package without spaces, "?" a
+    /// game without a name.
+    void Install(std::string key) {
+        const char sign = key[0];
+        if (std::string("-~?").find(sign) != std::string::npos) key.erase(0, 1);
+        machine.Store.CreateKey(HKEY_LOCAL_MACHINE, std::string(GamesKey) + "\\" + key);
+        if (sign != '?') SetName(key, "the " + key);
+        if (sign == '-') return;
+        test::WriteZip(machine.AppDir() / (key + ".GAM"),
+                       {{sign == '~' ? "decks.xml" : "spaces.xml", "<xml/>"}});
+    }
+    void GetAvailableGames() {
+        // As the splash form hands them in.
+        games = names = descriptions = {"", ""};
+        library.GetAvailableGames(games, names, descriptions, count);
+    }
 
     test::TestMachine machine;
     modInstallUninstall packages{machine.g};
     modSavedGames library{machine.g, packages};
-    // As the splash form hands them in.
-    Array<std::string> games{"", ""};
-    Array<std::string> names{"", ""};
-    Array<std::string> descriptions{"", ""};
+    Array<std::string> games, names, descriptions;
     std::int32_t count = 0;
 };
 
-/// What stands behind a key: a package of a game, one without spaces, none, or a game whose name is not
-/// known.
-enum class Kind { Game, NoSpaces, NoPackage, Nameless };
-
 struct Installed {
     const char* Name;
-    std::vector<std::pair<std::string, Kind>> Keys;
-    Texts Games;
-    Texts Names;
+    std::string Keys;
+    const char *Games, *Names;
 };
-class AvailableGamesTest : public InstalledGamesTest, public testing::WithParamInterface<Installed> {
-  protected:
-    void Install(const std::string& key, Kind kind) {
-        const std::string path = std::string(GamesKey) + "\\" + key;
-        machine.g.Registry.RegistrySetKeyValue(HKEY_LOCAL_MACHINE, path, "Description", "about " + key,
-                                               REG_SZ);
-        if (kind != Kind::Nameless)
-            machine.g.Registry.RegistrySetKeyValue(HKEY_LOCAL_MACHINE, path, "Game Name", "the " + key,
-                                                   REG_SZ);
-        if (kind == Kind::NoPackage) return;
-        const char* entry = kind == Kind::NoSpaces ? "decks.xml" : "spaces.xml";
-        WriteZip(machine.AppDir() / (key + ".GAM"), {{entry, "<xml/>"}});
+
+TEST_F(InstalledGamesTest, AreWhatTheTwoPassesLeave) {
+    const Installed rows[] = {
+        {"AllPlayable", "B A", "B|A", "the B|the A"},
+        {"MissingInTheMiddleTakesTheNextWithIt", "A -B C D", "A|D", "the A|the D"},
+        {"TwoMissingSideBySide", "A -B -C D", "A|D", "the A|the D"},
+        {"NoSpaces", "~A ~B C", "C", "the C"},
+        {"LastMissingKeepsItsKey", "A -B", "A|B", "the A"},
+        {"NoneIsLeft", "-A ~B", "B", ""},
+        {"HiddenGame", std::string(HiddenGame) + " A", "A", "the A"},
+        {"Nameless", "?A B", "B", "the B"},
+        {"NamelessInTheLastPlace", "A ?B", "A|B", "the A|"},
+        {"None", "", "", ""},
+    };
+    for (const Installed& row : rows) {
+        SCOPED_TRACE(row.Name);
+        std::istringstream keys(row.Keys);
+        const Texts all{std::istream_iterator<std::string>(keys), {}};
+        for (const std::string& key : all) Install(key);
+        GetAvailableGames();
+        EXPECT_EQ(Joined(games), row.Games);
+        EXPECT_EQ(Joined(names), row.Names);
+        EXPECT_EQ(count, static_cast<std::int32_t>(all.size()));
+        EXPECT_THAT(machine.Errors, testing::IsEmpty());
+        for (const std::string& key : machine.Store.SubKeys(HKEY_LOCAL_MACHINE, GamesKey).value_or(Texts{})) {
+            machine.Store.DeleteKey(HKEY_LOCAL_MACHINE, std::string(GamesKey) + "\\" + key);
+            std::filesystem::remove(machine.AppDir() / (key + ".GAM"));
+        }
     }
-};
-
-TEST_P(AvailableGamesTest, ListsWhatTheTwoPassesLeave) {
-    for (const auto& [key, kind] : GetParam().Keys) Install(key, kind);
-    GetAvailableGames();
-    EXPECT_EQ(TextsOf(games), GetParam().Games);
-    EXPECT_EQ(TextsOf(names), GetParam().Names);
-    EXPECT_EQ(count, static_cast<std::int32_t>(GetParam().Keys.size()));
-    EXPECT_THAT(machine.Errors, IsEmpty());
-}
-
-const std::string Hidden(HiddenGame);
-
-INSTANTIATE_TEST_SUITE_P(
-    Keys, AvailableGamesTest,
-    testing::Values(
-        Installed{"AllPlayable", {{"B", Kind::Game}, {"A", Kind::Game}}, {"B", "A"}, {"the B", "the A"}},
-        Installed{"MissingInTheMiddleTakesTheNextWithIt",
-                  {{"A", Kind::Game}, {"B", Kind::NoPackage}, {"C", Kind::Game}, {"D", Kind::Game}},
-                  {"A", "D"},
-                  {"the A", "the D"}},
-        Installed{"TwoMissingSideBySide",
-                  {{"A", Kind::Game}, {"B", Kind::NoPackage}, {"C", Kind::NoPackage}, {"D", Kind::Game}},
-                  {"A", "D"},
-                  {"the A", "the D"}},
-        Installed{
-            "NoSpaces", {{"A", Kind::NoSpaces}, {"B", Kind::NoSpaces}, {"C", Kind::Game}}, {"C"}, {"the C"}},
-        Installed{
-            "LastMissingKeepsItsKey", {{"A", Kind::Game}, {"B", Kind::NoPackage}}, {"A", "B"}, {"the A"}},
-        Installed{"NoneIsLeft", {{"A", Kind::NoPackage}, {"B", Kind::NoSpaces}}, {"B"}, {""}},
-        Installed{"HiddenGame", {{Hidden, Kind::Game}, {"A", Kind::Game}}, {"A"}, {"the A"}},
-        Installed{"Nameless", {{"A", Kind::Nameless}, {"B", Kind::Game}}, {"B"}, {"the B"}},
-        Installed{
-            "NamelessInTheLastPlace", {{"A", Kind::Game}, {"B", Kind::Nameless}}, {"A", "B"}, {"the A", ""}}),
-    [](const auto& row) { return row.param.Name; });
-
-TEST_F(InstalledGamesTest, WithoutAnyGameOneEmptyElementStays) {
-    GetAvailableGames();
-    EXPECT_EQ(TextsOf(games), Texts{""});
-    EXPECT_EQ(TextsOf(names), Texts{""});
-    EXPECT_EQ(count, 0);
 }
 
 TEST_F(InstalledGamesTest, ArraysWithoutBoundsAreReportedAndStayEmpty) {
-    games = names = descriptions = {};
-    GetAvailableGames();
+    library.GetAvailableGames(games, names, descriptions, count);
     EXPECT_THAT(machine.Errors, testing::ElementsAre("modSavedGames:GetAvailableGames 9"));
     EXPECT_EQ(names.UBound(), -1);
 }
 
-TEST_F(InstalledGamesTest, AKeyCannotLeadOutOfTheDataDirectory) {
-    WriteZip(machine.Folder / "outside.gam", {{"spaces.xml", "<xml/>"}});
-    const std::string key = std::string(GamesKey) + "\\../outside";
-    machine.g.Registry.RegistrySetKeyValue(HKEY_LOCAL_MACHINE, key, "Game Name", std::string("Outside"),
-                                           REG_SZ);
+TEST_F(InstalledGamesTest, AKeyCannotLeadOutOfTheDataDirectoryAndADamagedPackageIsNoGame) {
+    test::WriteZip(machine.Folder / "outside.gam", {{"spaces.xml", "<xml/>"}});
+    SetName("../outside", "Outside");
     GetAvailableGames();
-    EXPECT_EQ(TextsOf(names), Texts{""});
-}
-
-TEST_F(InstalledGamesTest, ADamagedPackageIsNoGame) {
+    EXPECT_EQ(Joined(names), "");
     std::filesystem::copy_file("/proc/self/exe", machine.AppDir() / "A.gam");
-    const std::string key = std::string(GamesKey) + "\\A";
-    machine.g.Registry.RegistrySetKeyValue(HKEY_LOCAL_MACHINE, key, "Game Name", std::string("A"), REG_SZ);
+    SetName("A", "the A");
     GetAvailableGames();
-    EXPECT_EQ(TextsOf(names), Texts{""});
+    EXPECT_EQ(Joined(names), "");
 }
 
 struct Element {
     const char* Name;
     int Index;
     Texts Before;
-    Texts After;
+    const char* After;
 };
-class RemoveElementTest : public InstalledGamesTest, public testing::WithParamInterface<Element> {};
 
-TEST_P(RemoveElementTest, ClosesTheGap) {
-    games = ArrayOf(GetParam().Before);
-    names = ArrayOf({"x", "y"});
-    descriptions = {};
-    library.RemoveGameArrayElement(games, names, descriptions, GetParam().Index);
-    EXPECT_EQ(TextsOf(games), GetParam().After);
-    EXPECT_EQ(TextsOf(names), GetParam().Index == 0 ? Texts{"y"} : (Texts{"x", "y"}));
-    EXPECT_EQ(descriptions.UBound(), -1);
+TEST_F(InstalledGamesTest, RemovingAnElementClosesTheGap) {
+    const Element rows[] = {{"First", 0, {"a", "b", "c"}, "b|c"},
+                            {"Middle", 1, {"a", "b", "c"}, "a|c"},
+                            {"LastStays", 2, {"a", "b", "c"}, "a|b|c"},
+                            {"OnlyOneStays", 0, {"a"}, "a"},
+                            {"Beyond", 7, {"a", "b"}, "a|b"}};
+    for (const Element& row : rows) {
+        SCOPED_TRACE(row.Name);
+        games = ArrayOf(row.Before);
+        names = ArrayOf({"x", "y"});
+        library.RemoveGameArrayElement(games, names, descriptions, row.Index);
+        EXPECT_EQ(Joined(games), row.After);
+        EXPECT_EQ(Joined(names), row.Index == 0 ? "y" : "x|y");
+        EXPECT_EQ(descriptions.UBound(), -1);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Elements, RemoveElementTest,
-                         testing::Values(Element{"First", 0, {"a", "b", "c"}, {"b", "c"}},
-                                         Element{"Middle", 1, {"a", "b", "c"}, {"a", "c"}},
-                                         Element{"LastStays", 2, {"a", "b", "c"}, {"a", "b", "c"}},
-                                         Element{"OnlyOneStays", 0, {"a"}, {"a"}},
-                                         Element{"Beyond", 7, {"a", "b"}, {"a", "b"}}),
-                         [](const auto& row) { return row.param.Name; });
 
 }  // namespace
 }  // namespace tabulon

@@ -30,10 +30,13 @@ struct LibraryRun {
         music.SoundStops = [this] { ++stops; };
     }
 
-    /// Opens the chooser, and does with it what `act` does.
+    /// Opens the chooser, does with it what `act` does, and cancels it if it is still there.
     template <class Act>
     void Choose(const Form* startUpSplash, Act&& act) {
-        user.Acts.push_back([act](Form&) { act(); });
+        user.Acts.push_back([this, act](Form& form) {
+            act();
+            if (&form == &dlgLoadGame && form.Visible) dlgLoadGame.cmdCancel.Click();
+        });
         Array<std::string> games{"", ""}, names{"", ""}, descriptions{"", ""};
         std::int32_t count = 0;
         dlgLoadGame.GetData(games, names, descriptions, count, startUpSplash, newGame, result);

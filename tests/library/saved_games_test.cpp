@@ -7,8 +7,7 @@
 namespace tabulon {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+using namespace testing;
 
 constexpr const char* SavedKey =
     "SOFTWARE\\Corvane Software\\Tabulon\\Games\\{game}\\Saved Games\\01/05/26 02:30 PM";
@@ -54,57 +53,49 @@ class SavedGamesTest : public testing::Test {
     MainForm frmMain{machine.g};
 };
 
+std::string InText(const std::string& text) { return text; }
+std::string InText(Integer number) { return std::to_string(number.Value()); }
+template <auto Member>
+std::string Slot(const PlayState& state, int slot) {
+    return InText((state.*Member)[slot]);
+}
+
 struct Field {
     const char* Name;
-    const char* ValueName;
+    bool IsFlag;
     bool Shifts;  // is taken from the slot before in a new game
-    int (*Loaded)(const PlayState&, int slot);
+    std::string (*Loaded)(const PlayState&, int slot);
 };
-class ShiftTest : public SavedGamesTest, public testing::WithParamInterface<std::tuple<Field, bool>> {};
 
-TEST_P(ShiftTest, TakesEachFieldFromItsOwnSlot) {
-    const auto& [field, loadedGame] = GetParam();
-    ASSERT_TRUE(Save(ThreeSeats(loadedGame)));
-    PlayState loaded;
-    ASSERT_TRUE(Load(loaded));
-    const bool isFlag = field.Loaded(ThreeSeats(true), 2) == 1;
-    for (int seat = 1; seat <= 3; ++seat) {
-        const int slot = field.Shifts && !loadedGame ? seat - 1 : seat;
-        EXPECT_EQ(field.Loaded(loaded, seat), isFlag ? int{slot == 2} : slot) << "seat " << seat;
-        EXPECT_NE(Stored("Player " + std::to_string(seat) + " " + field.ValueName), RegistryValue());
+const Field Fields[] = {
+    {"Name", false, true, Slot<&PlayState::Name>},
+    {"Is Computer", true, true, Slot<&PlayState::IsComputer>},
+    {"Position", false, true, Slot<&PlayState::Position>},
+    {"Piece Name", false, true, Slot<&PlayState::PieceName>},
+    {"Points", false, false, Slot<&PlayState::Points>},
+    {"Done", true, true, Slot<&PlayState::Done>},
+    {"Lose Turns", false, false, Slot<&PlayState::LoseTurns>},
+    {"Extra Turns", false, true, Slot<&PlayState::ExtraTurns>},
+    {"Roll Double", true, false, Slot<&PlayState::RollDouble>},
+    {"Roll Number", false, true, Slot<&PlayState::RollNumber>},
+};
+
+TEST_F(SavedGamesTest, TakesEachFieldFromItsOwnSlot) {
+    for (const bool loadedGame : {false, true}) {
+        ASSERT_TRUE(Save(ThreeSeats(loadedGame)));
+        PlayState loaded;
+        ASSERT_TRUE(Load(loaded));
+        for (const Field& field : Fields) {
+            SCOPED_TRACE(field.Name + std::string(loadedGame ? " resumed" : " new"));
+            for (int seat = 1; seat <= 3; ++seat) {
+                const int slot = field.Shifts && !loadedGame ? seat - 1 : seat;
+                EXPECT_EQ(field.Loaded(loaded, seat), std::to_string(field.IsFlag ? slot == 2 : slot))
+                    << seat;
+                EXPECT_NE(Stored("Player " + std::to_string(seat) + " " + field.Name), RegistryValue());
+            }
+        }
     }
 }
-
-template <auto Member>
-int NumberOf(const PlayState& state, int slot) {
-    return (state.*Member)[slot].Value();
-}
-template <auto Member>
-int FlagOf(const PlayState& state, int slot) {
-    return (state.*Member)[slot] ? 1 : 0;
-}
-template <auto Member>
-int TextOf(const PlayState& state, int slot) {
-    return std::stoi((state.*Member)[slot]);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Fields, ShiftTest,
-    testing::Combine(
-        testing::Values(Field{"Name", "Name", true, TextOf<&PlayState::Name>},
-                        Field{"IsComputer", "Is Computer", true, FlagOf<&PlayState::IsComputer>},
-                        Field{"Position", "Position", true, NumberOf<&PlayState::Position>},
-                        Field{"PieceName", "Piece Name", true, TextOf<&PlayState::PieceName>},
-                        Field{"Points", "Points", false, NumberOf<&PlayState::Points>},
-                        Field{"Done", "Done", true, FlagOf<&PlayState::Done>},
-                        Field{"LoseTurns", "Lose Turns", false, NumberOf<&PlayState::LoseTurns>},
-                        Field{"ExtraTurns", "Extra Turns", true, NumberOf<&PlayState::ExtraTurns>},
-                        Field{"RollDouble", "Roll Double", false, FlagOf<&PlayState::RollDouble>},
-                        Field{"RollNumber", "Roll Number", true, NumberOf<&PlayState::RollNumber>}),
-        testing::Bool()),
-    [](const auto& row) {
-        return std::string(std::get<0>(row.param).Name) + (std::get<1>(row.param) ? "Resumed" : "New");
-    });
 
 TEST_F(SavedGamesTest, KeepsTheFieldsOfTheGame) {
     ASSERT_TRUE(Save(ThreeSeats(false)));
@@ -147,66 +138,55 @@ TEST_F(SavedGamesTest, AFailureKeepsTheValuesSoFar) {
     EXPECT_EQ(Stored("Player 2 Is Computer"), RegistryValue());
 }
 
-struct Tip {
-    const char* Name;
-    int GoalType;
-    const char* Expected;
-};
-class ToolTipTest : public SavedGamesTest, public testing::WithParamInterface<Tip> {};
-
-TEST_P(ToolTipTest, NamesThePlayersPieceAndPlate) {
+TEST_F(SavedGamesTest, ToolTipsNameThePlayersPieceAndPlate) {
     Save(ThreeSeats(true));
     frmMain.lblPoints[1].ToolTipText = "former";
-    PlayState loaded;
-    Load(loaded, GetParam().GoalType);
-    EXPECT_EQ(frmMain.imgPlayingPiece[1].ToolTipText, "2");
-    EXPECT_EQ(frmMain.imgCharacter[1].ToolTipText, "2's playing piece");
-    EXPECT_EQ(frmMain.lblPoints[1].ToolTipText, GetParam().Expected);
+    const std::pair<int, const char*> rows[] = {{2, "former"}, {0, "2's points"}, {1, "2's money"}};
+    for (const auto& [goalType, toolTip] : rows) {
+        PlayState loaded;
+        Load(loaded, goalType);
+        EXPECT_EQ(frmMain.imgPlayingPiece[1].ToolTipText, "2");
+        EXPECT_EQ(frmMain.imgCharacter[1].ToolTipText, "2's playing piece");
+        EXPECT_EQ(frmMain.lblPoints[1].ToolTipText, toolTip);
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(GoalTypes, ToolTipTest,
-                         testing::Values(Tip{"Points", 0, "2's points"}, Tip{"Money", 1, "2's money"},
-                                         Tip{"EndOfBoard", 2, "former"}),
-                         [](const auto& row) { return row.param.Name; });
-
 struct Odd {
-    const char* Name;
-    const char* ValueName;
+    const char *Name, *ValueName;
     RegistryValue Value;
     int Failure;  // 0: loads
     int PlayerCount;
 };
-class OddSavedGameTest : public SavedGamesTest, public testing::WithParamInterface<Odd> {};
 
-TEST_P(OddSavedGameTest, EndsInAReportAtMost) {
-    Save(ThreeSeats(true));
-    Store(GetParam().ValueName, GetParam().Value);
-    PlayState loaded;
-    EXPECT_EQ(Load(loaded), GetParam().Failure == 0);
-    EXPECT_EQ(loaded.PlayerCount, GetParam().PlayerCount);
-    if (GetParam().Failure == 0) {
-        EXPECT_THAT(machine.Errors, IsEmpty());
-    } else {
-        EXPECT_THAT(machine.Errors,
-                    ElementsAre("modSavedGames:LoadGame " + std::to_string(GetParam().Failure)));
+TEST_F(SavedGamesTest, AnOddSavedGameEndsInAReportAtMost) {
+    const std::vector<std::uint8_t> bytes{1, 2};
+    const Odd rows[] = {
+        {"NegativePlayerCount", "Player Count", -1, 9, -1},
+        {"NoPlayers", "Player Count", 0, 0, 0},
+        {"HugePlayerCount", "Player Count", 30000, 9, 30000},
+        {"SeventhPlayer", "Player Count", 7, 9, 7},
+        {"SixPlayersOfWhomThreeAreMissing", "Player Count", 6, 0, 6},
+        {"PlayerCountBeyondSixteenBits", "Player Count", 40000, 6, 0},
+        {"NumberAsText", "Player Count", "2", 0, 2},
+        {"TextThatIsNoNumber", "Player Count", "many", 13, 0},
+        {"BytesForANumber", "Whose Turn", bytes, 13, 3},
+        {"BytesForAName", "Player 2 Name", bytes, 13, 3},
+        {"FlagOfMinusOne", "Player 3 Done", -1, 0, 3},
+        {"PositionBeyondSixteenBits", "Player 1 Position", 70000, 6, 3},
+    };
+    for (const Odd& row : rows) {
+        SCOPED_TRACE(row.Name);
+        machine.Errors.clear();
+        Save(ThreeSeats(true));
+        Store(row.ValueName, row.Value);
+        PlayState loaded;
+        EXPECT_EQ(Load(loaded), row.Failure == 0);
+        EXPECT_EQ(loaded.PlayerCount, row.PlayerCount);
+        std::vector<std::string> errors;
+        if (row.Failure != 0) errors = {"modSavedGames:LoadGame " + std::to_string(row.Failure)};
+        EXPECT_EQ(machine.Errors, errors);
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Values, OddSavedGameTest,
-    testing::Values(Odd{"NegativePlayerCount", "Player Count", -1, 9, -1},
-                    Odd{"NoPlayers", "Player Count", 0, 0, 0},
-                    Odd{"HugePlayerCount", "Player Count", 30000, 9, 30000},
-                    Odd{"SeventhPlayer", "Player Count", 7, 9, 7},
-                    Odd{"SixPlayersOfWhomThreeAreMissing", "Player Count", 6, 0, 6},
-                    Odd{"PlayerCountBeyondSixteenBits", "Player Count", 40000, 6, 0},
-                    Odd{"NumberAsText", "Player Count", "2", 0, 2},
-                    Odd{"TextThatIsNoNumber", "Player Count", "many", 13, 0},
-                    Odd{"BytesForANumber", "Whose Turn", std::vector<std::uint8_t>{1, 2}, 13, 3},
-                    Odd{"BytesForAName", "Player 2 Name", std::vector<std::uint8_t>{1, 2}, 13, 3},
-                    Odd{"FlagOfMinusOne", "Player 3 Done", -1, 0, 3},
-                    Odd{"PositionBeyondSixteenBits", "Player 1 Position", 70000, 6, 3}),
-    [](const auto& row) { return row.param.Name; });
 
 TEST_F(SavedGamesTest, AnUnknownSavedGameLoadsWithoutPlayers) {
     PlayState loaded = ThreeSeats(true);
@@ -218,28 +198,25 @@ TEST_F(SavedGamesTest, AnUnknownSavedGameLoadsWithoutPlayers) {
 
 TEST_F(SavedGamesTest, AKillWhileSavingLeavesAWholeSavedGame) {
     const auto file = machine.Folder / "settings";
-    const auto saveAs = [&](char name) {
+    const auto saveAs = [&](char letter) {
         test::TestMachine saving(file);
         modInstallUninstall savingPackages(saving.g);
         PlayState state = ThreeSeats(true);
-        state.Name =
-            state.PieceName = {"", std::string(4000, name), std::string(4000, name), std::string(4000, name)};
+        const std::string name(4000, letter);
+        state.Name = state.PieceName = {"", name, name, name};
         return modSavedGames(saving.g, savingPackages).SaveGame("{game}", state);
     };
     for (int round = 1; round <= 4; ++round) {
         const test::ChildProcess saver([&](auto progress) {
-            for (char name = 'a';; name = name == 'z' ? 'a' : static_cast<char>(name + 1)) {
-                if (!saveAs(name)) return false;
-                progress();
-            }
+            for (int n = 0; saveAs(static_cast<char>('a' + n % 26)); ++n) progress();
+            return false;
         });
         saver.AwaitProgress(round);
         saver.Kill();
         test::TestMachine reading(file);
-        modInstallUninstall readingPackages(reading.g);
+        modSavedGames readable(reading.g, packages);
         PlayState loaded;
-        ASSERT_TRUE(
-            modSavedGames(reading.g, readingPackages).LoadGame("{game}", 0, SavedName, loaded, frmMain));
+        ASSERT_TRUE(readable.LoadGame("{game}", 0, SavedName, loaded, frmMain));
         EXPECT_EQ(loaded.PlayerCount, 3);
         EXPECT_EQ(loaded.Name[1], loaded.PieceName[3]);
         EXPECT_EQ(loaded.Name[1].size(), 4000u);
