@@ -30,8 +30,6 @@ DlgDrawCard::DlgDrawCard(Globals& g, FrmGameMusic& music, DlgMsgOk& dlgMsgOk)
         lblAnswer[i].Click = [this, i] { lblAnswer_Click(i); };
     }
     Timer1.Tick = [this] { Timer1_Timer(); };
-    // They would answer for whoever taps a message away and does not see the card come.
-    KeyDown = [](int code, int) { return code == Key::Enter || code == Key::Space; };
     KeyUp = [this](int code, int) { return Form_KeyUp(code); };
 }
 

@@ -14,6 +14,10 @@ bool IsInput(ControlKind kind) {
            kind == ControlKind::RichText;
 }
 
+bool IsStatic(ControlKind kind) {
+    return kind == ControlKind::Label || kind == ControlKind::Image || kind == ControlKind::PictureBox;
+}
+
 namespace {
 
 /// An input without a name of its own is called what the label before it says.

@@ -15,6 +15,9 @@ namespace tabulon {
 /// True for what the user writes into or chooses from.
 bool IsInput(ControlKind kind);
 
+/// True for what is looked at, though it may be clicked.
+bool IsStatic(ControlKind kind);
+
 /// What the views of a form's controls need of their window.
 class ViewHost {
   public:

@@ -3,6 +3,8 @@
 #include <QLabel>
 #include <QStringList>
 #include <algorithm>
+#include <ranges>
+#include <utility>
 
 #include "qt/text.h"
 #include "qt/view_factory.h"
@@ -37,18 +39,29 @@ void FormControls::FollowFocus() {
     }
 }
 
+/// A text or picture that can be clicked waits until the user comes to it: a key that is pressed once too
+/// often must not choose what just came up.
 void FormControls::FocusFirst() {
-    if (!m_window.focusWidget()) FocusNext(m_views.begin());
+    QWidget* first = nullptr;
+    for (const auto& view : m_views | std::views::reverse)
+        if (view->TakesFocus() && !IsStatic(view->TheControl().Kind)) first = &view->Widget();
+    const auto takesFocus = [](const auto& view) { return view->TakesFocus(); };
+    if (!first && std::ranges::any_of(m_views, takesFocus)) first = &m_window;
+    if (first && !m_window.focusWidget()) first->setFocus(Qt::ActiveWindowFocusReason);
     FollowFocus();
 }
 
 QString FormControls::TextsToRead() const {
-    QStringList texts;
+    std::vector<const Control*> labels;
     for (const auto& view : m_views) {
         const Control& control = view->TheControl();
-        if (control.Kind == ControlKind::Label && control.Visible && !control.Click)
-            texts << PlainCaption(view->Caption()).simplified();
+        if (control.Kind == ControlKind::Label && control.Visible) labels.push_back(&control);
     }
+    std::ranges::stable_sort(labels, {},
+                             [](const Control* label) { return std::pair(label->Top, label->Left); });
+    QStringList texts;
+    for (const Control* label : labels)
+        texts << PlainCaption(static_cast<const Label*>(label)->Caption).simplified();
     texts.removeAll(QString());
     return texts.join('\n');
 }

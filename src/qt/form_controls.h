@@ -19,7 +19,7 @@ class FormControls {
     /// The form learns which control has the focus.
     void FollowFocus();
     void FocusFirst();
-    /// The texts that only stand there, such as a message or a question, one a line.
+    /// The texts of the form, such as a question and its answers, one a line, from the top down.
     QString TextsToRead() const;
     /// Uses the first control that is in view and has this access key; false when there is none.
     bool ActivateAccessKey(QChar key);

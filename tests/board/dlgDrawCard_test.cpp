@@ -116,11 +116,6 @@ TEST_F(DlgDrawCardTest, OtherKeysDoNothing) {
     EXPECT_THAT(chosen, ElementsAre(1));
 }
 
-TEST_F(DlgDrawCardTest, KeepsEnterAndSpaceFromTheAnswerThatHasTheFocus) {
-    for (const int key : {Key::Enter, Key::Space}) EXPECT_TRUE(dialog.KeyDown(key, 0)) << key;
-    EXPECT_FALSE(dialog.KeyDown(Key::B, 0));
-}
-
 TEST_F(DlgDrawCardTest, ARowIsClickedOnItsLetterOrItsText) {
     for (int row = 0; row < 4; ++row) {
         cardActs.push_back([this, row] { dialog.lblIdentifier[row].Click(); });

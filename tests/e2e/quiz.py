@@ -35,6 +35,9 @@ def answer_cards(desktop):
     for press in (desktop.key, lambda letter: desktop.click(label(desktop, letter))):
         play_until_a_card_comes(desktop)
         desktop.screenshot("card")
+        card = table.card(desktop)
+        heard = card.get_description()  # read when it appears
+        assert sorted(heard.splitlines()) == sorted(desktop.texts(card)), heard
         table.answer(desktop, press)
 
 

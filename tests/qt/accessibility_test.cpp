@@ -27,12 +27,12 @@ TEST_F(Accessibility, NotifiesOfWhatStandsOutOfSight) {
 
 TEST_F(Accessibility, TellsTheTextsOfAFormAsItOpens) {
     form.lblName.Caption = "Take &one\r\nand go";
-    form.lblRound.Caption = "Answer";
+    form.lblRound.Caption = "Hear this first";
     form.lblRound.Click = [] {};
     Show(form);
     const auto* window = QAccessible::queryAccessibleInterface(WindowOf(form));
     EXPECT_EQ(window->role(), QAccessible::Dialog);
-    EXPECT_EQ(window->text(QAccessible::Description), "Take one and go");
+    EXPECT_EQ(window->text(QAccessible::Description), "Hear this first\nTake one and go");
 }
 
 TEST_F(Accessibility, TiesAnInputToTheLabelBeforeIt) {

@@ -209,6 +209,7 @@ void ExpectFocus(const Form& form, const QWidget& window) {
         const auto* widget = window.findChild<QWidget*>(QString::fromStdString(control->Name));
         EXPECT_TRUE(takesKeys(widget)) << control->Name;
     }
+    EXPECT_FALSE(dynamic_cast<QLabel*>(window.focusWidget())) << "a key too many would choose it";
 }
 
 class RealForm : public testing::TestWithParam<FormRow> {};
