@@ -113,6 +113,7 @@ void DlgPlayers::lblHolder_Click(int Index) {
 
 void DlgPlayers::SelectPlayer() {
     Procedure(m_g.gErrHandler, "dlgPlayers:SelectPlayer", [&] {
+        NameRows();
         if (Selected < 0) {
             cmdRemove.Enabled = false;
             ResetPlayerSelection();
@@ -123,6 +124,18 @@ void DlgPlayers::SelectPlayer() {
         lblChoosePieces.Caption = collectionChosen ? "Choose a Character" : "Choose a Collection";
         lblChoosePieces.Visible = true;
     });
+}
+
+/// What a row shows by its picture and colour, in words.
+void DlgPlayers::NameRows() {
+    for (int i = 0; i < MaxSeats; ++i) {
+        const std::string& tag = imgHolder[i].Tag;
+        std::string& name = lblHolder[i].AccessibleName;
+        name = lblHolder[i].Caption;
+        if (name.empty()) continue;
+        name += ", " + (tag.empty() ? "no playing piece" : PieceTitle(PieceByKey(tag).Number));
+        if (Selected == i) name += ", selected";
+    }
 }
 
 void DlgPlayers::ShowSelection() {
@@ -167,6 +180,7 @@ void DlgPlayers::cmdAdd_Click() {
         Names[last] = txtPlayerName.Text;
         Computer[last] = false;
         lblHolder[last].Caption = txtPlayerName.Text;
+        NameRows();
         txtPlayerName.SetText("");
         ReplaceCaption(PlayerCount);
         cmbPlayingPieceCollections.Enabled = true;
@@ -225,6 +239,7 @@ void DlgPlayers::cmdRemove_Click() {
 void DlgPlayers::RemovePlayer() {
     SlidePlayers();
     Selected = -1;
+    NameRows();
     PlayerCount -= 1;
     ReplaceCaption(PlayerCount);
     cmdRemove.Enabled = false;

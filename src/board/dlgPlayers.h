@@ -75,6 +75,7 @@ class DlgPlayers : public Form {
     void SlidePlayers();
     void SelectPlayer();
     void ShowSelection();
+    void NameRows();
     void ResetPlayerSelection();
     void ClearAllPlayingPieceBorders();
     void AllPlayersAssignedPieces(bool& Result);

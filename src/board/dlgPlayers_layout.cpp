@@ -71,8 +71,10 @@ void DlgPlayers::DesignPlayers() {
     for (int i = 0; i < MaxSeats; ++i) {
         imgHolder[i].Picture = {};
         imgHolder[i].Tag.clear();
+        imgHolder[i].TabStop = false;  // the row's name does the same
         imgHolder[i].ToolTipText = std::string(Ordinals[i]) + " player's playing piece";
         lblHolder[i].Caption.clear();
+        lblHolder[i].AccessibleName.clear();
         lblHolder[i].Font.Bold = true;
         lblHolder[i].ForeColor = {};
     }

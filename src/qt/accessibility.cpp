@@ -21,9 +21,19 @@ class HeardLabel final : public QAccessibleWidget {
     }
 };
 
+/// A picture with a border is the chosen one.
+class SeenPicture final : public QAccessibleWidget {
+  public:
+    explicit SeenPicture(PictureWidget* picture) : QAccessibleWidget(picture, QAccessible::Graphic) {}
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.selected = static_cast<PictureWidget*>(widget())->HasBorder();
+        return state;
+    }
+};
+
 QAccessibleInterface* MakeInterface(const QString&, QObject* object) {
-    if (auto* picture = dynamic_cast<PictureWidget*>(object))
-        return new QAccessibleWidget(picture, QAccessible::Graphic);
+    if (auto* picture = dynamic_cast<PictureWidget*>(object)) return new SeenPicture(picture);
     auto* label = dynamic_cast<LabelWidget*>(object);
     if (label && label->IsOnlyHeard()) return new HeardLabel(label);
     auto* window = dynamic_cast<FormWindow*>(object);

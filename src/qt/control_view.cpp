@@ -88,8 +88,8 @@ void ControlView::SyncCommon(float twipsPerPixel) {
 }
 
 void ControlView::SyncNames() {
-    if (HasNameOfItsOwn() && m_control.AccessibleName.empty()) return;
-    const QString name = NameOf(m_control, Caption());
+    const bool isOwn = HasNameOfItsOwn() && m_control.AccessibleName.empty();
+    const QString name = isOwn ? QString() : NameOf(m_control, Caption());
     if (m_name.Take(FromQt(name))) m_widget.setAccessibleName(name);
 }
 

@@ -67,6 +67,7 @@ class PictureWidget final : public QWidget {
     PictureWidget(PictureStore& store, QWidget* parent);
     void Show(const Picture& picture);
     void SetBorder(bool border);
+    bool HasBorder() const { return m_border; }
 
   protected:
     void paintEvent(QPaintEvent* event) override;

@@ -157,6 +157,8 @@ TEST_F(DlgPlayersTest, RemovingClosesUpTheRowsAlone) {
             ToggleComputer(1);
             Remove(row.Row);
             EXPECT_EQ(Rows(), row.Shown);
+            EXPECT_EQ(dialog.lblHolder[0].AccessibleName[0], row.Shown[0]);
+            EXPECT_EQ(dialog.lblHolder[row.Players - 1].AccessibleName, "");
             EXPECT_FALSE(dialog.cmdRemove.Enabled);
             dialog.cmdOk.Click();
         });
@@ -263,6 +265,8 @@ TEST_F(DlgPlayersTest, SelectingShowsThePlayersPieceAndFlag) {
         dialog.lblHolder[0].Click();
         EXPECT_TRUE(dialog.chkIsComputerPlayer.Value);
         EXPECT_TRUE(dialog.imgPlayingPiece[6].Border);
+        EXPECT_EQ(dialog.lblHolder[0].AccessibleName, "Ann, Robot, selected");
+        EXPECT_EQ(dialog.lblHolder[1].AccessibleName, "Ben, no playing piece");
         EXPECT_EQ(dialog.lblHolder[0].ForeColor, (Colour{255, 0, 0}));
         EXPECT_EQ(dialog.lblHolder[1].ForeColor, Colour());
         EXPECT_EQ(dialog.txtPlayerName.Text, "Ann");

@@ -53,6 +53,15 @@ TEST_F(Accessibility, GivesTheBoardItsDescriptionAsName) {
     EXPECT_EQ(Of(form.picBoard).text(QAccessible::Name), "Ann is on space 4 of 10.");
 }
 
+TEST_F(Accessibility, CallsALabelByItsTextUnlessItHasAName) {
+    form.lblName.Caption = "Ann";
+    for (const char* name : {"", "Ann, Cat", ""}) {
+        form.lblName.AccessibleName = name;
+        Show(form);
+        EXPECT_EQ(Of(form.lblName).text(QAccessible::Name), *name ? name : "Ann");
+    }
+}
+
 TEST_F(Accessibility, TellsRolesAndStates) {
     form.cmdRoll.AccessibleName = "Roll dice";
     form.cmdRoll.Enabled = false;
@@ -68,6 +77,11 @@ TEST_F(Accessibility, TellsRolesAndStates) {
     EXPECT_TRUE(Of(form.chkComputer).state().checked);
     EXPECT_EQ(Of(form.imgPiece).role(), QAccessible::Graphic);
     EXPECT_TRUE(Of(form.imgPiece).state().focusable);
+    for (const bool chosen : {false, true}) {
+        form.imgPiece.Border = chosen;
+        screen.PumpEvents();
+        EXPECT_EQ(Of(form.imgPiece).state().selected, chosen);
+    }
 }
 
 }  // namespace
