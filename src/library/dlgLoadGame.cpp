@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/text.h"
+
 namespace tabulon {
 
 namespace {
@@ -125,7 +127,13 @@ void DlgLoadGame::cmbInstalledGames_Change() {
             OfferSavedGames();
         }
         LastInstalledIndex = cmbInstalledGames.ListIndex;
+        DescribeGame();
     });
+}
+
+// What the row's tool tip says, for whom no mouse hovers there.
+void DlgLoadGame::DescribeGame() {
+    lblDescription.Caption = DoubleAmpersands(cmbInstalledGames.SelectedRow().ToolTipText);
 }
 
 void DlgLoadGame::OfferSavedGames() {

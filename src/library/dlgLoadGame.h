@@ -37,6 +37,7 @@ class DlgLoadGame : public Form {
     ComboBox cmbInstalledGames{*this, "cmbInstalledGames"};
     Label Label2{*this, "Label2"};
     ComboBox cmbSavedGames{*this, "cmbSavedGames"};
+    Label lblDescription{*this, "lblDescription"};
     PictureButton cmdNewGame{*this, "cmdNewGame"};
     PictureButton cmdLoadGame{*this, "cmdLoadGame"};
     PictureButton cmdInstallGame{*this, "cmdInstallGame"};
@@ -73,6 +74,7 @@ class DlgLoadGame : public Form {
     bool ProcessKeyDown(int KeyCode, int Shift);
 
     void cmbInstalledGames_Change();
+    void DescribeGame();
     void OfferSavedGames();
     void cmbSavedGames_Change();
     void cmbSavedGames_DblClick();

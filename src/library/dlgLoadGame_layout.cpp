@@ -35,6 +35,8 @@ void DlgLoadGame::DesignLists() {
     cmbSavedGames.Enabled = false;
     cmbSavedGames.AccessibleName = "Saved games";
     cmbSavedGames.ToolTipText = "Saved games available for play on this computer...";
+    lblDescription.Caption.clear();
+    lblDescription.ForeColor = TextColour;
 }
 
 void DlgLoadGame::DesignButtons() {
@@ -59,6 +61,7 @@ void DlgLoadGame::RepositionElements() {
                               {&Label2, 40, 60, 118, 31, 13, 11},
                               {&cmbInstalledGames, 170, 20, 181, 28, 12, 10},
                               {&cmbSavedGames, 170, 61, 181, 28, 12, 10},
+                              {&lblDescription, 17, 91, 334, 62, 10, 8},
                               {&cmdNewGame, 17, 156, 118, 47, 12, 10},
                               {&cmdLoadGame, 17, 210, 118, 47, 12, 10},
                               {&cmdInstallGame, 140, 156, 158, 47, 12, 10},

@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QStyleOptionComboBox>
 #include <algorithm>
 
 #include "qt/text.h"
@@ -86,6 +87,15 @@ void ComboBoxWidget::showPopup() {
     const int rows = view()->sizeHintForColumn(0) + view()->verticalScrollBar()->sizeHint().width();
     view()->setMinimumWidth(std::clamp(rows, width(), std::max(width(), WidestList)));
     QComboBox::showPopup();
+}
+
+void ComboBoxWidget::initStyleOption(QStyleOptionComboBox* option) const {
+    constexpr int margins = 4;
+    QComboBox::initStyleOption(option);
+    const QRect room =
+        style()->subControlRect(QStyle::CC_ComboBox, option, QStyle::SC_ComboBoxEditField, this);
+    option->currentText =
+        fontMetrics().elidedText(option->currentText, Qt::ElideRight, room.width() - margins);
 }
 
 ComboBoxView::ComboBoxView(ComboBox& box, ViewHost& host, QWidget* parent)

@@ -47,6 +47,10 @@ class ComboBoxWidget final : public Ringed<QComboBox> {
     using Ringed::Ringed;
     std::function<void()> aboutToOpen;
     void showPopup() override;
+
+  protected:
+    /// A row without room ends in an ellipsis.
+    void initStyleOption(QStyleOptionComboBox* option) const override;
 };
 
 class ComboBoxView final : public ViewOf<ComboBox> {

@@ -20,11 +20,13 @@ TEST_F(DlgLoadGameTest, StartsANewGameAtStartUp) {
     run.ChooseAtStart([this] {
         EXPECT_THAT(RowTexts(dialog.cmbInstalledGames), ElementsAre("Alpha", "Beta"));
         EXPECT_EQ(dialog.cmbInstalledGames.Rows[1].ToolTipText, "about Beta");
+        EXPECT_EQ(dialog.lblDescription.Caption, "about Alpha");
         EXPECT_THAT(dialog.cmbSavedGames.Rows, IsEmpty());
         EXPECT_TRUE(dialog.cmdNewGame.Enabled);
         EXPECT_TRUE(dialog.cmdInstallGame.Enabled && dialog.cmdUninstall.Enabled);
         EXPECT_FALSE(dialog.cmdLoadGame.Enabled || dialog.cmbSavedGames.Enabled);
         dialog.cmbInstalledGames.Select(1);
+        EXPECT_EQ(dialog.lblDescription.Caption, "about Beta");
         dialog.cmdLoadGame.Click();
         EXPECT_TRUE(dialog.Visible);
         dialog.cmdNewGame.Click();
