@@ -63,6 +63,7 @@ QString StyleSheet() {
                "QComboBox { combobox-popup: 0; }"
                "QComboBox QAbstractItemView { background: %2; color: %1; border: 2px solid %1; }"
                "QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }"
+               "QMessageBox QLabel, QMessageBox QPushButton { font: 16px 'Comic Neue'; }"
                "QListWidget::item:selected { background: %3; color: %1; }"
                "QToolTip { background: %2; color: %1; border: 1px solid %4; }")
         .arg(Look::Ink.name(), Look::Cream.name(), Look::Yellow.name(), Look::Navy.name(),
