@@ -39,8 +39,7 @@ TEST(HelpLoaderTest, EachFailureIsOneEnd) {
     WriteFile(folder / "damaged.chm", ReadFile(TABULON_OWN_HELP, 1 << 24).substr(0, 60'000));
     WriteFile(folder / "text.chm", "Throw");
     const struct {
-        const char* name;
-        const char* program;
+        const char *name, *program;
         std::filesystem::path file;
         UnpackingEnd end;
     } rows[] = {

@@ -17,8 +17,7 @@
 namespace tabulon {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+using namespace testing;
 
 std::string Png(int width, int height) {
     QImage image(width, height, QImage::Format_RGB32);
@@ -67,7 +66,7 @@ HelpBook BookOf(const std::map<std::string, std::string>& contents) {
     return HelpBook(std::move(files));
 }
 
-class HelpWindowTest : public testing::Test {
+class HelpWindowTest : public Test {
   protected:
     HelpWindowTest() {
         window.OpenInBrowser = [this](const QString& address) { opened.push_back(FromQt(address)); };
@@ -148,14 +147,14 @@ TEST_F(HelpWindowTest, LinksAreFollowedFromTheKeyboard) {
 
 TEST_F(HelpWindowTest, MissingPagesSaySo) {
     Click("gone.htm");
-    EXPECT_THAT(Text(), testing::HasSubstr("no page with the name gone.htm"));
+    EXPECT_THAT(Text(), HasSubstr("no page with the name gone.htm"));
     Click("%3Cscript%3E.htm");
-    EXPECT_THAT(Text(), testing::HasSubstr("the name <script>.htm"));
+    EXPECT_THAT(Text(), HasSubstr("the name <script>.htm"));
 }
 
 TEST_F(HelpWindowTest, LinksOutOfTheHelpAskFirst) {
     Click("https://makers.example/?a=b");
-    EXPECT_THAT(AnswerBox(QMessageBox::No), testing::HasSubstr("https://makers.example/?a=b"));
+    EXPECT_THAT(AnswerBox(QMessageBox::No), HasSubstr("https://makers.example/?a=b"));
     EXPECT_THAT(opened, IsEmpty());
     Click("https://makers.example/?a=b");
     AnswerBox(QMessageBox::Yes);
@@ -166,7 +165,7 @@ TEST_F(HelpWindowTest, LinksOutOfTheHelpAskFirst) {
 TEST_F(HelpWindowTest, OtherLinksAreToldAndNeverFollowed) {
     for (const char* link : {"ms-its:other.chm", "javascript:x()", "file:///etc/passwd"}) {
         Click(link);
-        EXPECT_THAT(AnswerBox(QMessageBox::Ok), testing::StartsWith("This link ")) << link;
+        EXPECT_THAT(AnswerBox(QMessageBox::Ok), StartsWith("This link ")) << link;
         EXPECT_EQ(At(), "help:/index.htm");
     }
     EXPECT_THAT(opened, IsEmpty());
@@ -186,7 +185,7 @@ TEST_F(HelpWindowTest, ContentsLeadByKeyAndByMouse) {
     Key(&tree, Qt::Key_Down);
     Key(&tree, Qt::Key_Down);
     Key(&tree, Qt::Key_Return);
-    EXPECT_THAT(AnswerBox(QMessageBox::No), testing::HasSubstr("https://makers.example/"));
+    EXPECT_THAT(AnswerBox(QMessageBox::No), HasSubstr("https://makers.example/"));
 }
 
 TEST_F(HelpWindowTest, TheIndexFindsWhatIsTyped) {
@@ -229,11 +228,9 @@ TEST_F(HelpWindowTest, SearchShowsPagesAndMarksTheWords) {
 TEST_F(HelpWindowTest, SearchTellsWhenItFindsNothing) {
     SearchPane& search = window.Search();
     const struct {
-        const char* query;
-        const char* summary;
+        const char *query, *summary;
     } rows[] = {{"elephant", "No page has all of these words."},
                 {" ", "Type one word or more."},
-
                 {"a", "One page found:"}};
     for (const auto& row : rows) {
         search.Input().setText(row.query);
@@ -304,8 +301,7 @@ TEST(HelpPageTest, OddPagesAreShownAsText) {
         BookOf({{"deep.htm", deep + "Throw & roll"}, {"plain.txt", "a <b> c"}, {"red.png", Png(9, 9)}});
     HelpPage page(book);
     const struct {
-        const char* file;
-        const char* text;
+        const char *file, *text;
     } rows[] = {{"deep.htm", "Throw & roll"}, {"plain.txt", "a <b> c"}, {"red.png", "\uFFFC"}};
     for (const auto& row : rows) {
         page.ShowPage(row.file);
