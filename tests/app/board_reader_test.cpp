@@ -4,13 +4,11 @@
 
 #include "support/play_fixture.h"
 
-namespace tabulon {
+namespace tabulon::test {
 namespace {
 
-using test::PlayTable;
-
 TEST(BoardReaderTest, TellsWhoStandsWhereAndWhoseTurnItIs) {
-    test::TestMachine machine;
+    TestMachine machine;
     EXPECT_EQ(DescribeBoard(MainForm(machine.g)), "") << "before a game";
     PlayTable points({.Seats = 2});
     points.Turn(4);
@@ -63,4 +61,4 @@ TEST_F(RollReader, NamesTheFacesOfSeveralDice) {
 }
 
 }  // namespace
-}  // namespace tabulon
+}  // namespace tabulon::test

@@ -3,17 +3,14 @@
 #include "app/action_types.h"
 #include "support/play_fixture.h"
 
-namespace tabulon {
+namespace tabulon::test {
 namespace {
 
-using test::InWords;
-using test::NoAction;
-using test::PlayTable;
 using namespace testing;
 
 /// Seats on 1, 4 and 7 with 50 points each; seat `mover` rolls a two, and every space draws from deck 1.
 struct CardTable : PlayTable {
-    explicit CardTable(const test::Rules& rules = {}) : PlayTable(rules) {
+    explicit CardTable(const Rules& rules = {}) : PlayTable(rules) {
         State().Position = {1, 4, 7};
         Begin(2);
     }
@@ -198,4 +195,4 @@ TEST(CardTest, ADeckNumberIsRoundedAndMayOverflow) {
 }
 
 }  // namespace
-}  // namespace tabulon
+}  // namespace tabulon::test

@@ -2,12 +2,9 @@
 
 #include "support/play_fixture.h"
 
-namespace tabulon {
+namespace tabulon::test {
 namespace {
 
-using test::InWords;
-using test::People;
-using test::PlayTable;
 using namespace std::string_literals;
 using namespace testing;
 
@@ -224,4 +221,4 @@ TEST(MinimizeTest, SilencesAndMinimises) {
 }
 
 }  // namespace
-}  // namespace tabulon
+}  // namespace tabulon::test

@@ -3,10 +3,9 @@
 #include "app/action_types.h"
 #include "support/play_fixture.h"
 
-namespace tabulon {
+namespace tabulon::test {
 namespace {
 
-using test::PlayTable;
 using testing::ElementsAre;
 
 struct Roll {
@@ -167,4 +166,4 @@ TEST(MovementTest, ABoardThatNoMoveCanLeaveIsNotWalkedForEver) {
 }
 
 }  // namespace
-}  // namespace tabulon
+}  // namespace tabulon::test

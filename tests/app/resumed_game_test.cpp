@@ -2,12 +2,9 @@
 
 #include "support/play_fixture.h"
 
-namespace tabulon {
+namespace tabulon::test {
 namespace {
 
-using test::People;
-using test::PlayTable;
-using test::Values;
 using namespace testing;
 
 /// Tops of plates in pixels, at a density; a name stands some of them above the top of its character.
@@ -162,4 +159,4 @@ TEST(ResumedGameTest, TheSamePlayersAreOneSeatOffAfterwards) {
 }
 
 }  // namespace
-}  // namespace tabulon
+}  // namespace tabulon::test

@@ -3,12 +3,9 @@
 #include "app/action_types.h"
 #include "support/play_fixture.h"
 
-namespace tabulon {
+namespace tabulon::test {
 namespace {
 
-using test::InWords;
-using test::NoAction;
-using test::PlayTable;
 using testing::ElementsAre;
 
 constexpr int StartingPoints = 50;
@@ -218,4 +215,4 @@ TEST(SpaceActionsTest, APositionWithoutASpaceReports) {
 }
 
 }  // namespace
-}  // namespace tabulon
+}  // namespace tabulon::test

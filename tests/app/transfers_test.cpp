@@ -5,11 +5,8 @@
 #include "app/action_types.h"
 #include "support/play_fixture.h"
 
-namespace tabulon {
+namespace tabulon::test {
 namespace {
-
-using test::InWords;
-using test::PlayTable;
 
 constexpr Colour Green{150, 255, 150};
 constexpr Colour White{255, 255, 255};
@@ -122,4 +119,4 @@ TEST(TransfersTest, TheEndOfATurnPaintsAllSixPlatesAfresh) {
 }
 
 }  // namespace
-}  // namespace tabulon
+}  // namespace tabulon::test

@@ -3,11 +3,8 @@
 #include "app/action_types.h"
 #include "support/play_fixture.h"
 
-namespace tabulon {
+namespace tabulon::test {
 namespace {
-
-using test::InWords;
-using test::PlayTable;
 
 constexpr Colour Green{150, 255, 150};
 
@@ -257,4 +254,4 @@ TEST(DoubleTest, LetsThePlayerMoveInTheSameTurn) {
 }
 
 }  // namespace
-}  // namespace tabulon
+}  // namespace tabulon::test

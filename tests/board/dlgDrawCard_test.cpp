@@ -45,9 +45,9 @@ class DlgDrawCardTest : public testing::Test {
     void Press(int key, int shift = 0) {
         cardActs.push_back([this, key, shift] { dialog.KeyUp(key, shift); });
     }
-    bool Playing(const char* sound) const {
-        return std::find(machine.player.Played.begin(), machine.player.Played.end(), sound) !=
-               machine.player.Played.end();
+    void ShowAndPress(int key) {
+        Press(key);
+        Show();
     }
 
     test::SoundingMachine machine;
@@ -111,8 +111,7 @@ TEST_F(DlgDrawCardTest, OtherKeysDoNothing) {
             EXPECT_FALSE(dialog.KeyUp(key, 0));
             EXPECT_TRUE(dialog.Visible);
         });
-    Press(Key::B);
-    Show();
+    ShowAndPress(Key::B);
     EXPECT_THAT(chosen, ElementsAre(1));
 }
 
@@ -181,8 +180,7 @@ TEST_F(DlgDrawCardTest, CountsTheTries) {
     game->Tries = tries = 3;
     correct = true;
     for (const int key : {Key::A, Key::C, Key::D}) {
-        Press(key);
-        Show();
+        ShowAndPress(key);
         EXPECT_EQ(done, tries == 0);
         EXPECT_EQ(action, 5);
     }
@@ -193,14 +191,12 @@ TEST_F(DlgDrawCardTest, CountsTheTries) {
 }
 
 TEST_F(DlgDrawCardTest, WithoutTriesAMissIsSilentAndKeepsTheLastJudgement) {
-    Press(Key::B);
-    Show();
+    ShowAndPress(Key::B);
     EXPECT_TRUE(correct);
     game->Tries = tries = 0;
     machine.player.Played.clear();
     done = false;
-    Press(Key::A);
-    Show();
+    ShowAndPress(Key::A);
     EXPECT_TRUE(done && correct);
     EXPECT_EQ(action, 5);
     EXPECT_EQ(tries, 0);
@@ -209,20 +205,17 @@ TEST_F(DlgDrawCardTest, WithoutTriesAMissIsSilentAndKeepsTheLastJudgement) {
 }
 
 TEST_F(DlgDrawCardTest, EscapeHandsBackWhatTheLastAnswerLeft) {
-    Press(Key::B);
-    Show();
+    ShowAndPress(Key::B);
     action = data1 = -1;
     correct = false;
     tries = 4;
-    Press(Key::Escape);
-    Show();
+    ShowAndPress(Key::Escape);
     EXPECT_EQ(action, 6);
     EXPECT_EQ(data1, 10);
     EXPECT_EQ(tries, 4);
     EXPECT_TRUE(done && correct);
     done = false;
-    Press(Key::Escape);
-    Show();
+    ShowAndPress(Key::Escape);
     EXPECT_FALSE(done) << "what the caller says of it goes in";
 }
 
@@ -235,6 +228,7 @@ TEST_F(DlgDrawCardTest, ItsMusicInterruptsNothing) {
                         {false, true, false, false},
                         {true, false, false, false},
                         {true, true, true, false}};
+    const std::vector<std::string> started{"draw_card.ogg looping"};
     for (const Row& row : rows) {
         machine.player.Stop();
         machine.player.Length = 100000;
@@ -243,7 +237,7 @@ TEST_F(DlgDrawCardTest, ItsMusicInterruptsNothing) {
         machine.g.SoundOn = row.SoundOn;
         Press(Key::Escape);
         Show(false, row.StartMusic);
-        EXPECT_EQ(Playing("draw_card.ogg looping"), row.Starts);
+        EXPECT_EQ(machine.player.Played, row.Starts ? started : std::vector<std::string>{});
     }
 }
 
@@ -257,8 +251,7 @@ TEST_F(DlgDrawCardTest, AResultWaitsForItsSoundUnderAnHourglass) {
         EXPECT_FALSE(dialog.Visible);
         EXPECT_LT(dialog.Left + dialog.Width, 0);
     };
-    Press(Key::B);
-    Show();
+    ShowAndPress(Key::B);
     EXPECT_THAT(messages, ElementsAre("Well done"));
     EXPECT_EQ(during, MousePointer::Hourglass);
     EXPECT_EQ(machine.screen.Pointer(), MousePointer::Default);
@@ -269,12 +262,10 @@ TEST_F(DlgDrawCardTest, ABlankResultIsNotShown) {
     for (const char* blank : {"", " "}) {
         card.CorrectMessage = card.IncorrectMessage = blank;
         messages.clear();
-        Press(Key::B);
-        Show();
+        ShowAndPress(Key::B);
         EXPECT_THAT(messages, IsEmpty());
         tries = 1;
-        Press(Key::A);
-        Show();
+        ShowAndPress(Key::A);
         EXPECT_THAT(messages, ElementsAre("Sorry you missed this one."));
     }
 }

@@ -4,10 +4,9 @@
 
 #include "support/play_fixture.h"
 
-namespace tabulon {
+namespace tabulon::test {
 namespace {
 
-using test::Values;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -19,10 +18,14 @@ class DlgPlayersTest : public testing::Test {
         music.SoundStops = [this] { ++stops; };
     }
 
-    /// Opens the dialog, does with it what `act` does, and takes its results.
+    /// Opens the dialog, does with it what `act` does, cancels it if it is still there, and takes its
+    /// results.
     template <class Act>
     void Ask(Act&& act) {
-        machine.User.Acts.push_back([act](Form&) { act(); });
+        machine.User.Acts.push_back([this, act](Form&) {
+            act();
+            if (dialog.Visible) dialog.cmdCancel.Click();
+        });
         dialog.GetData(game, players, names, pieces, computers, result);
     }
     void Add(const std::string& name) {
@@ -59,7 +62,7 @@ class DlgPlayersTest : public testing::Test {
         return rows;
     }
 
-    test::TestMachine machine;
+    TestMachine machine;
     modInstallUninstall packages{machine.g};
     FrmGameMusic music{machine.g, packages};
     MainForm frmMain{machine.g};
@@ -129,7 +132,6 @@ TEST_F(DlgPlayersTest, PromptsForTheNextName) {
         }
         EXPECT_EQ(dialog.lblPlayerName.Caption, "Up to six players can play...");
         EXPECT_FALSE(dialog.txtPlayerName.Visible);
-        dialog.cmdCancel.Click();
     });
 }
 
@@ -162,8 +164,8 @@ TEST_F(DlgPlayersTest, RemovingClosesUpTheRowsAlone) {
             EXPECT_FALSE(dialog.cmdRemove.Enabled);
             dialog.cmdOk.Click();
         });
-        EXPECT_EQ(test::InWords(names), row.Returned);
-        EXPECT_EQ(test::InWords(computers), row.Flags);
+        EXPECT_EQ(InWords(names), row.Returned);
+        EXPECT_EQ(InWords(computers), row.Flags);
         for (int i = 0; i <= pieces.UBound(); ++i)
             EXPECT_EQ(pieces[i], "(Aliens) " + std::to_string(row.Shown[3 * i] - 'A' + 1));
         EXPECT_THAT(machine.Errors, IsEmpty());
@@ -177,7 +179,6 @@ TEST_F(DlgPlayersTest, RemovingOneOfSixReportsAndAsksForASixthAgain) {
         EXPECT_EQ(Rows(), "B, C, D, E, F");
         EXPECT_TRUE(dialog.txtPlayerName.Visible);
         EXPECT_EQ(dialog.lblPlayerName.Caption, "Enter the Sixth Player's Name:\r\n(or click a name)");
-        dialog.cmdCancel.Click();
     });
     EXPECT_THAT(machine.Errors, ElementsAre("dlgPlayers:SlidePlayers 9"));
 }
@@ -192,7 +193,6 @@ TEST_F(DlgPlayersTest, RemovingTheLastNameLeavesADoubleBlankAndNothingToPlay) {
         Remove(0);
         EXPECT_EQ(dialog.lblPlayerName.Caption, "Enter the  Player's Name:\r\n(or click a name)");
         EXPECT_FALSE(dialog.cmdOk.Enabled);
-        dialog.cmdCancel.Click();
     });
     EXPECT_EQ(machine.User.Boxes.at(0).Text, "Remove this player?");
     EXPECT_EQ(machine.User.Boxes.at(0).Title, "Tab Player");
@@ -222,7 +222,6 @@ TEST_F(DlgPlayersTest, OpensTheGamesOwnCollectionAfterTheFirstName) {
         EXPECT_EQ(dialog.cmbPlayingPieceCollections.SelectedRow().Text, "Animals");
         EXPECT_EQ(dialog.imgPlayingPiece[0].Tag, "(Animals) 1");
         EXPECT_EQ(dialog.lblChoosePieces.Caption, "Choose a Character");
-        dialog.cmdCancel.Click();
     });
 }
 
@@ -236,7 +235,6 @@ TEST_F(DlgPlayersTest, OffersEachCollectionOnASinglePage) {
         EXPECT_EQ(dialog.Page, 0);
         EXPECT_EQ(dialog.imgPlayingPiece[11].Tag, "(Professions) 12");
         EXPECT_TRUE(dialog.imgPlayingPiece[11].Visible);
-        dialog.cmdCancel.Click();
     });
 }
 
@@ -250,7 +248,6 @@ TEST_F(DlgPlayersTest, APieceWithoutAPlayerChangesNothing) {
         dialog.chkIsComputerPlayer.Click();
         EXPECT_FALSE(dialog.chkIsComputerPlayer.Value);
         EXPECT_FALSE(dialog.Computer[0]);
-        dialog.cmdCancel.Click();
     });
 }
 
@@ -272,7 +269,6 @@ TEST_F(DlgPlayersTest, SelectingShowsThePlayersPieceAndFlag) {
         EXPECT_EQ(dialog.txtPlayerName.Text, "Ann");
         dialog.lblHolder[5].Click();
         EXPECT_EQ(dialog.Selected, 0);
-        dialog.cmdCancel.Click();
     });
 }
 
@@ -288,7 +284,6 @@ TEST_F(DlgPlayersTest, ChangesTheNameOfTheSelectedPlayer) {
         EXPECT_EQ(Rows(), "Ada, Ben");
         EXPECT_EQ(dialog.Selected, -1);
         EXPECT_FALSE(dialog.cmdAdd.Enabled);
-        dialog.cmdCancel.Click();
     });
     EXPECT_THAT(Values(dialog.Names), ElementsAre("Ada", "Ben"));
 }
@@ -301,7 +296,6 @@ TEST_F(DlgPlayersTest, LineBreaksVanishFromANameAndLeaveNothingToAddAlone) {
         dialog.txtPlayerName.SetText("\r\n\n");
         EXPECT_EQ(dialog.txtPlayerName.Text, "");
         EXPECT_FALSE(dialog.cmdAdd.Enabled);
-        dialog.cmdCancel.Click();
     });
 }
 
@@ -337,7 +331,6 @@ TEST_F(DlgPlayersTest, EveryOpeningBeginsAnew) {
         ChooseCollection(1);
         GivePiece(0, 0);
         dialog.lblHolder[0].Click();
-        dialog.cmdCancel.Click();
     });
     Ask([this] {
         EXPECT_EQ(Rows(), "");
@@ -345,7 +338,6 @@ TEST_F(DlgPlayersTest, EveryOpeningBeginsAnew) {
         EXPECT_EQ(dialog.lblHolder[0].ForeColor, Colour());
         EXPECT_EQ(dialog.cmbPlayingPieceCollections.Rows.size(), 4u);
         EXPECT_FALSE(dialog.imgPlayingPiece[0].Visible || dialog.cmdRemove.Enabled || dialog.cmdOk.Enabled);
-        dialog.cmdCancel.Click();
     });
 }
 
@@ -367,9 +359,8 @@ TEST_F(DlgPlayersTest, ShowsTheNumberOfThePieceUnderTheMouse) {
         EXPECT_EQ(dialog.lblPlayingPiece.Caption, "3");
         dialog.MouseMove();
         EXPECT_FALSE(dialog.lblPlayingPiece.Visible);
-        dialog.cmdCancel.Click();
     });
 }
 
 }  // namespace
-}  // namespace tabulon
+}  // namespace tabulon::test

@@ -5,10 +5,8 @@
 #include "board/modCharCategories.h"
 #include "platform/failure_of.h"
 
-namespace tabulon {
+namespace tabulon::test {
 namespace {
-
-using test::FailureOf;
 
 TEST(PiecePicturesTest, EveryCollectionHoldsItsTwelveKeys) {
     for (const char* collection : {"Aliens", "Animals", "Objects", "Professions"}) {
@@ -31,4 +29,4 @@ TEST(PiecePicturesTest, FailsForWhatIsNotInTheList) {
 }
 
 }  // namespace
-}  // namespace tabulon
+}  // namespace tabulon::test

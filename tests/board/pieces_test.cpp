@@ -5,10 +5,9 @@
 #include "platform/numbers.h"
 #include "support/play_fixture.h"
 
-namespace tabulon {
+namespace tabulon::test {
 namespace {
 
-using test::Values;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -27,7 +26,7 @@ class PiecesTest : public testing::Test {
         state.PlayerCount = positions.UBound() + (loaded ? 0 : 1);
         state.Name = {"", "", "", "", "", "", ""};
         for (int i = 0; i < MaxSeats; ++i) {
-            state.Name[loaded ? i + 1 : i] = test::People(i + 1).back().Name;
+            state.Name[loaded ? i + 1 : i] = People(i + 1).back().Name;
             frmMain.imgPlayingPiece[i].Visible = false;
         }
     }
@@ -61,7 +60,7 @@ class PiecesTest : public testing::Test {
         dlgPlayers.cmdOk.Click();
     }
 
-    test::TestMachine machine;
+    TestMachine machine;
     modInstallUninstall packages{machine.g};
     FrmGameMusic music{machine.g, packages};
     MainForm frmMain{machine.g};
@@ -134,8 +133,8 @@ TEST_F(PiecesTest, PlatesShowTheNewPlayers) {
         frmMain.State.GoalType = row.GoalType;
         frmMain.State.Points = {4, 5, 6, 7};
         EXPECT_TRUE(SetNames([this] { Enter(); }));
-        EXPECT_EQ(test::InWords(frmMain.State.Points), "0 0 0");
-        EXPECT_EQ(test::InWords(frmMain.State.Name), "Ann Ben");
+        EXPECT_EQ(InWords(frmMain.State.Points), "0 0 0");
+        EXPECT_EQ(InWords(frmMain.State.Name), "Ann Ben");
         EXPECT_THAT(Values(frmMain.State.PieceName), ElementsAre("(Aliens) 1", "(Aliens) 2"));
         EXPECT_EQ(frmMain.lblName[1].Caption, "Ben");
         EXPECT_EQ(frmMain.lblPoints[1].Caption, row.Caption);
@@ -167,4 +166,4 @@ TEST_F(PiecesTest, CancelLeavesTheNamesAndTakesPiecesAndFlags) {
 }
 
 }  // namespace
-}  // namespace tabulon
+}  // namespace tabulon::test

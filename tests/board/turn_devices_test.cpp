@@ -5,11 +5,9 @@
 
 #include "support/play_fixture.h"
 
-namespace tabulon {
+namespace tabulon::test {
 namespace {
 
-using test::PlayTable;
-using test::Rules;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -209,7 +207,7 @@ TEST(DiceTest, TheDoubleOfAResumedGameIsInTheSeatsOwnSlot) {
     table.State().RollDouble = {true, true, true, true};
     table.Roll({4, 4});
     table.devices.RollDice();
-    EXPECT_THAT(test::Values(table.State().RollDouble), ElementsAre(true, true, false, true));
+    EXPECT_THAT(Values(table.State().RollDouble), ElementsAre(true, true, false, true));
 }
 
 TEST(DiceTest, AFailureBringsTheButtonsBack) {
@@ -311,4 +309,4 @@ TEST(TurnButtonTest, WithoutADeviceNothingIsSaid) {
 }
 
 }  // namespace
-}  // namespace tabulon
+}  // namespace tabulon::test
