@@ -80,15 +80,14 @@ void LabelWidget::paintEvent(QPaintEvent*) {
 }
 
 /// The size of the letters was chosen by height alone, so a word may be wider than the label. It gets smaller
-/// letters, and is broken when these would be too small to read.
+/// letters, and is broken when these would be too small to read; what has no room then ends in an ellipsis.
 void LabelWidget::PaintCaption(QPainter& painter, const QRect& room) const {
     const QFont fitting = FittingFont(font(), m_caption, room.size());
     const bool fits = FitsRoom(fitting, m_caption, room.size());
-    const Qt::Alignment place = alignment() | (fits ? VerticalPlace() : Qt::AlignTop);
-    const int flags = LabelTextFlags | (fits ? 0 : Qt::TextWrapAnywhere);
+    const QString shown = fits ? m_caption : CutText(text(), fitting, room.size());
+    const int flags = static_cast<int>(alignment() | VerticalPlace()) | (fits ? LabelTextFlags : 0);
     painter.setFont(fitting);
-    style()->drawItemText(&painter, room, static_cast<int>(place) | flags, palette(), isEnabled(), m_caption,
-                          QPalette::WindowText);
+    style()->drawItemText(&painter, room, flags, palette(), isEnabled(), shown, QPalette::WindowText);
 }
 
 /// Only a text with much room stands at its top, as on a page.

@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QTextDocument>
+#include <QTextLayout>
 #include <algorithm>
 #include <cmath>
 
@@ -82,6 +83,27 @@ QFont FittingFont(QFont font, const QString& text, QSize room) {
     while (font.pointSizeF() > LegiblePoints && !FitsRoom(font, text, room))
         font.setPointSizeF(font.pointSizeF() - 1);
     return font;
+}
+
+QString CutText(const QString& text, const QFont& font, QSize room) {
+    const QFontMetrics metrics(font);
+    const int fullLines = std::max(1, room.height() / metrics.lineSpacing()) - 1;
+    QTextLayout layout(QString(text).replace('\n', QChar::LineSeparator), font);
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    QString cut;
+    qsizetype rest = 0;
+    for (int i = 0; i < fullLines; ++i) {
+        QTextLine line = layout.createLine();
+        if (!line.isValid()) break;
+        line.setLineWidth(room.width());
+        cut += text.sliced(line.textStart(), line.textLength()).trimmed() + '\n';
+        rest = line.textStart() + line.textLength();
+    }
+    layout.endLayout();
+    return cut + metrics.elidedText(text.sliced(rest).simplified(), Qt::ElideRight, room.width());
 }
 
 int ToPixels(float units, float unitsPerPixel) {

@@ -36,6 +36,9 @@ bool FitsRoom(const QFont& font, const QString& text, QSize room);
 /// too long for it all the same.
 QFont FittingFont(QFont font, const QString& text, QSize room);
 
+/// As many lines of the text as the room holds, the last one with an ellipsis. A word without room is broken.
+QString CutText(const QString& text, const QFont& font, QSize room);
+
 /// Rounds twips to pixels; a control inside a picture box has pixels already (a scale of 1).
 int ToPixels(float units, float unitsPerPixel);
 QRect ToPixels(const Control& control, float twipsPerPixel);

@@ -10,6 +10,7 @@
 
 #include "qt/look.h"
 #include "qt/screen_test.h"
+#include "qt/text.h"
 
 namespace tabulon {
 namespace {
@@ -194,8 +195,25 @@ TEST_P(LabelRoom, IsNeverTooSmallForItsText) {
 INSTANTIATE_TEST_SUITE_P(All, LabelRoom,
                          testing::Values(RoomRow{"LongWord", "Christopher", 88, 44},
                                          RoomRow{"WordToBreak", "HHHHHHHHHHHHHHHHHHHHHHHHHHHH", 88, 60},
+                                         RoomRow{"TooLong", "HHHHHHHHHHHHHHHHHHHHHHHHHHHH", 40, 20},
                                          RoomRow{"ManyLines", "one two three four five six", 88, 44}),
                          [](const auto& row) { return row.param.name; });
+
+TEST_F(Showing, EndsATextWithoutRoomInAnEllipsis) {
+    const std::pair<QString, const char*> rows[] = {{QString("many words ").repeated(20), "…"},
+                                                    {QString(250, 'w'), "…"},
+                                                    {QString("שלום ").repeated(50), "…"},
+                                                    {QString(25, 'w'), "w"}};
+    const QFont font = ToQt(Font{"Comic Neue", 8, false});
+    const QFontMetrics metrics(font);
+    const QSize room(metrics.horizontalAdvance(QString(20, 'w')), 2 * metrics.lineSpacing());
+    for (const auto& [text, end] : rows) {
+        const QStringList lines = CutText(text, font, room).split('\n');
+        EXPECT_EQ(lines.size(), 2);
+        EXPECT_TRUE(lines.last().endsWith(end)) << lines.last().toStdString();
+        for (const QString& line : lines) EXPECT_LE(metrics.horizontalAdvance(line), room.width());
+    }
+}
 
 TEST_F(Showing, KeepsLargeLettersInsideTheirLine) {
     form.txtName.Font.Size = form.cmdOk.Font.Size = form.cboGame.Font.Size = 60;
