@@ -78,14 +78,12 @@ bool IsWide(std::string_view bytes) {
            bytes.substr(0, 4).find('\0') != std::string_view::npos;
 }
 
-/// Names are looked up in every element around, and so among all of its attributes. Rows have none inside.
+/// Names are looked up in the element itself and in every one around, and so among all attributes of each.
 struct SizeGuard final : pugi::xml_tree_walker {
     bool for_each(pugi::xml_node& node) override {
-        return depth() < limits::ContentDepth && (!node.first_child() || HasFewAttributes(node));
-    }
-    static bool HasFewAttributes(pugi::xml_node node) {
         const auto attributes = node.attributes();
-        return std::distance(attributes.begin(), attributes.end()) <= limits::ElementAttributes;
+        return depth() < limits::ContentDepth &&
+               std::distance(attributes.begin(), attributes.end()) <= limits::ElementAttributes;
     }
 };
 
