@@ -25,6 +25,8 @@ class Archive {
   public:
     /// A file that is missing or is no archive has no entries. Fails when the archive breaks a limit.
     explicit Archive(std::filesystem::path file);
+    Archive(const Archive&) = delete;
+    Archive& operator=(const Archive&) = delete;
 
     /// Whether this is still what stands at the path.
     bool IsCurrent(const std::filesystem::path& file) const;
