@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <archive.h>
 #include <archive_entry.h>
+#include <system_error>
 #include <utility>
 
 #include "packages/limits.h"
@@ -68,18 +69,26 @@ std::optional<std::size_t> Archive::FindFirst(std::string_view pattern) const {
 
 std::string Archive::Read(std::size_t entry) {
     const bool inOrder = entry > 0 && entry == m_expected;
-    if (m_ahead.valid()) m_ahead.wait();
-    std::string data = inOrder && m_ahead.valid() ? m_ahead.get() : Unpack(entry);
-    m_ahead = {};
+    if (!inOrder) StopAhead();
+    if (inOrder && !m_ahead) StartAhead(entry);
     m_expected = entry + 1;
-    // Where no thread is to be had, the next one is unpacked when it is asked for.
-    if (inOrder && m_expected < m_names.size()) m_ahead = std::async(&Archive::Unpack, this, m_expected);
-    return data;
+    return m_ahead ? m_ahead->Take() : Unpack(entry, {});
 }
 
-std::string Archive::Unpack(std::size_t entry) {
+void Archive::StartAhead(std::size_t entry) {
+    const auto unpacker = [this](std::size_t next, const std::stop_token& stop) {
+        return Unpack(next, stop);
+    };
+    try {
+        m_ahead = std::make_unique<ReadAhead>(entry, m_names.size(), unpacker);
+    } catch (const std::system_error&) {
+        // Without a thread each entry is unpacked when it is asked for.
+    }
+}
+
+std::string Archive::Unpack(std::size_t entry, const std::stop_token& stop) {
     GoTo(entry);
-    return ReadData(m_names[entry]);
+    return ReadData(m_names[entry], stop);
 }
 
 bool Archive::Open() {
@@ -126,7 +135,7 @@ void Archive::GoTo(std::size_t entry) {
     }
 }
 
-std::string Archive::ReadData(const std::string& name) {
+std::string Archive::ReadData(const std::string& name, const std::stop_token& stop) {
     if (m_size > limits::EntryBytes) Fail(name, "it is too large");
     std::string data;
     data.reserve(m_size);
@@ -135,6 +144,7 @@ std::string Archive::ReadData(const std::string& name) {
     la_int64_t offset = 0;
     int status = ARCHIVE_OK;
     while ((status = archive_read_data_block(m_reader.get(), &block, &size, &offset)) == ARCHIVE_OK) {
+        if (stop.stop_requested()) Fail(name, "it is no longer asked for");
         if (size > m_size - data.size()) Fail(name, "it is larger than the archive says");
         data.append(static_cast<const char*>(block), size);
     }

@@ -2,12 +2,13 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <future>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "packages/read_ahead.h"
 
 struct archive;
 
@@ -19,8 +20,7 @@ inline constexpr const char* PackagePassword =
     "D6708B39C2E74F16A9D53BC1087E46F2A35C9D07E1B84C62D39AF0C7E5B1462";
 
 /// A ZIP archive for reading: entries with WinZip AES or the older ZIP encryption under the PackagePassword,
-/// or with none. Entries are those with a bare file name; folders and hostile names are passed over. Who
-/// reads one entry after the other has the next one unpacked meanwhile, by a thread beside the caller's.
+/// or with none. Entries are those with a bare file name; folders and hostile names are passed over.
 class Archive {
   public:
     /// A file that is missing or is no archive has no entries. Fails when the archive breaks a limit.
@@ -37,8 +37,10 @@ class Archive {
     /// not count.
     std::optional<std::size_t> FindFirst(std::string_view pattern) const;
     /// The whole content of an entry. Fails with FileIoError when it cannot be had to its last byte (another
-    /// password, damage) or is larger than it may be. Reading in the order of the file is fastest.
+    /// password, damage) or is larger than it may be. Who reads one entry after the other has the next ones
+    /// unpacked meanwhile, by a thread beside the caller's, until StopAhead.
     std::string Read(std::size_t entry);
+    void StopAhead() { m_ahead.reset(); }
 
   private:
     struct Closer {
@@ -58,8 +60,9 @@ class Archive {
     /// Goes on to the next entry with a bare file name; empty at the end.
     std::string NextName();
     void GoTo(std::size_t entry);
-    std::string Unpack(std::size_t entry);
-    std::string ReadData(const std::string& name);
+    void StartAhead(std::size_t entry);
+    std::string Unpack(std::size_t entry, const std::stop_token& stop);
+    std::string ReadData(const std::string& name, const std::stop_token& stop);
     [[noreturn]] void Fail(const std::string& name, const std::string& why);
 
     std::filesystem::path m_file;
@@ -73,7 +76,7 @@ class Archive {
     std::size_t m_next = 0;     // the entry that NextName gives next
     std::uint64_t m_size = 0;   // of the entry that NextName gave, as the archive says
 
-    std::future<std::string> m_ahead;  // m_expected; the last member, because its end is waited for
+    std::unique_ptr<ReadAhead> m_ahead;  // from m_expected on; the last member, because its end is waited for
 };
 
 }  // namespace tabulon

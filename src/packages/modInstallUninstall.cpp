@@ -159,6 +159,7 @@ bool modInstallUninstall::UninstallGame(const std::string& GameKey) {
 
 void modInstallUninstall::CleanupGameDir() {
     Procedure(m_g.gErrHandler, "modInstallUninstall:CleanupGameDir", [&] {
+        if (m_archive) m_archive->StopAhead();
         for (const char* kind : UnpackedKinds) DeleteMatching(m_g.AppDir, kind);
     });
 }

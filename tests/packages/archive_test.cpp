@@ -59,7 +59,7 @@ TEST_F(ArchiveTest, WhatIsWrittenIsNotReadableWithoutThePassword) {
     EXPECT_EQ(ReadFile(file, 1 << 20).find("Game Name"), std::string::npos);
 }
 
-/// Also against the order and twice, while another entry is being unpacked.
+/// Also against the order and twice, while others are being unpacked.
 TEST_F(ArchiveTest, EntriesAreReadInAnyOrder) {
     WriteSmallGame();
     constexpr std::size_t count = 4;
@@ -68,6 +68,20 @@ TEST_F(ArchiveTest, EntriesAreReadInAnyOrder) {
         Archive archive(file);
         for (std::size_t rest = order, reads = 0; reads < count; rest /= count, ++reads)
             EXPECT_EQ(archive.Read(rest % count), SmallGame()[rest % count].Bytes);
+    }
+}
+
+TEST_F(ArchiveTest, WhatIsUnpackedAheadCanBeStoppedAtAnyEntry) {
+    std::vector<PackedFile> files;
+    for (int i = 0; i < 30; ++i) files.push_back({std::to_string(i), std::string(200'000, 'x')});
+    WriteArchive(file, files);
+    for (std::size_t stop = 0; stop < files.size(); ++stop) {
+        SCOPED_TRACE(stop);
+        Archive archive(file);
+        for (std::size_t i = 0; i < files.size(); ++i) {
+            if (i == stop) archive.StopAhead();
+            ASSERT_EQ(archive.Read(i), files[i].Bytes);
+        }
     }
 }
 
