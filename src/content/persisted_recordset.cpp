@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstring>
 #include <functional>
 #include <iterator>
 #include <numeric>
@@ -46,7 +47,13 @@ bool IsElement(pugi::xml_node node, std::string_view space, std::string_view loc
     return node.type() == pugi::node_element && IsName(node, node.name(), space, local);
 }
 
+bool HasTooManyAttributes(pugi::xml_node node) {
+    const auto attributes = node.attributes();
+    return std::distance(attributes.begin(), attributes.end()) > limits::ElementAttributes;
+}
+
 std::string AttributeOf(pugi::xml_node node, std::string_view space, std::string_view local) {
+    if (HasTooManyAttributes(node)) Refuse("an element has too many attributes");
     for (const pugi::xml_attribute attribute : node.attributes())
         if (std::string_view(attribute.name()).ends_with(local) &&
             IsName(node, attribute.name(), space, local))
@@ -78,12 +85,10 @@ bool IsWide(std::string_view bytes) {
            bytes.substr(0, 4).find('\0') != std::string_view::npos;
 }
 
-/// Names are looked up in the element itself and in every one around, and so among all attributes of each.
+/// Names are looked up among the attributes of every element around. Rows have none inside, and are many.
 struct SizeGuard final : pugi::xml_tree_walker {
     bool for_each(pugi::xml_node& node) override {
-        const auto attributes = node.attributes();
-        return depth() < limits::ContentDepth &&
-               std::distance(attributes.begin(), attributes.end()) <= limits::ElementAttributes;
+        return depth() < limits::ContentDepth && (!node.first_child() || !HasTooManyAttributes(node));
     }
 };
 
@@ -243,7 +248,7 @@ const PersistedRecordset::Column& PersistedRecordset::Row::Found(std::string_vie
 }
 
 pugi::xml_attribute PersistedRecordset::Row::Attribute(const Column& column) const {
-    const bool isNext = column.Attribute == m_nextAttribute.name();
+    const bool isNext = std::strcmp(column.Attribute.c_str(), m_nextAttribute.name()) == 0;
     const pugi::xml_attribute found = isNext ? m_nextAttribute : m_node.attribute(column.Attribute.c_str());
     if (found) m_nextAttribute = found.next_attribute();
     return found;

@@ -119,13 +119,21 @@ INSTANTIATE_TEST_SUITE_P(
         Unusable{"WrongEnd", Table("<rs:data></rs:date>")},
         Unusable{"OpenQuote", Table("<rs:data><z:row Number='1/></rs:data>")},
         Unusable{"NestedDeeply", Table(Repeated("<a>", 100'000) + Repeated("</a>", 100'000))},
-        Unusable{"TooManyAttributes", Table("<a" + Repeated(" b=''", limits::ElementAttributes + 1) + "/>")},
+        Unusable{"TooManyAttributesAround",
+                 Table("<a" + Repeated(" b=''", limits::ElementAttributes + 1) + "><b/></a>")},
+        Unusable{"TooManyAttributesOfAColumn", "<xml " + Bindings + "><s:Schema><s:AttributeType" +
+                                                   Repeated(" rs:name=''", limits::ElementAttributes + 1) +
+                                                   "/></s:Schema>" + Both + "</xml>"},
         Unusable{"TooManyColumns", "<xml " + Bindings + "><s:Schema>" +
                                        Repeated("<s:AttributeType name='x'/>", limits::Columns + 1) +
                                        "</s:Schema>" + Both + "</xml>"},
         Unusable{"TooManyRows", Table("<rs:data>" + Repeated(Row1, limits::Rows + 1) + "</rs:data>")},
         Unusable{"TooLarge", Table(std::string(limits::ContentFileBytes, ' '))}),
     [](const auto& row) { return std::string(row.param.Name); });
+
+TEST(PersistedRecordsetTest, ARowOfAMillionAttributesIsRead) {
+    EXPECT_EQ(RowsOf(OneRow(Repeated("x='' ", 1'000'000) + "Number='1' Text='a'")), "1:a");
+}
 
 struct Cell {
     const char* Name;
