@@ -56,10 +56,6 @@ def enter_player(desktop, name, piece):
     desktop.key("BackSpace")
 
 
-def board(desktop):
-    return next((n.get_name() for n in desktop.nodes("image") if " is on space " in (n.get_name() or "")), "")
-
-
 def main(build):
     with Desktop(build) as desktop:
         ears = Ears()
@@ -69,13 +65,13 @@ def main(build):
         enter_player(desktop, "Ann", "Cat")
         enter_player(desktop, "Ben", "Owl")
         desktop.key("alt+o")
-        desktop.wait_for("the board in words", lambda: board(desktop).startswith(
+        desktop.wait_for("the board in words", lambda: table.board(desktop).startswith(
             "It is Ann's turn. Ann is on space 1 of 48. Ben is on space 1 of 48."))
         desktop.key("alt+r")
         number = ears.wait_for(desktop, "Ann has ").split()[2]
         assert 2 <= int(number) <= 12, number
         message = desktop.wait_for("a message or the next turn",
-                                   lambda: table.open_message(desktop) or "Ben's turn" in board(desktop))
+                                   lambda: table.open_message(desktop) or "Ben's turn" in table.board(desktop))
         if message is not True:
             box = next(n for n in desktop.nodes("dialog") if desktop.button("Ok", n))
             assert box.get_description() in message, (box.get_description(), message)

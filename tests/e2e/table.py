@@ -87,18 +87,24 @@ def play_until_won(desktop, seconds=400):
         by_key = not by_key
 
 
+def board(desktop):
+    """The board in words."""
+    return next((n.get_name() for n in desktop.nodes("image") if " is on space " in (n.get_name() or "")), "")
+
+
 def take_turn(desktop, by_key):
-    """One turn. A roll has begun when its button cannot be pressed any more; a pass is over at once."""
+    """One turn. A roll has begun when its button cannot be pressed any more, and may be over before we look; a pass is
+    over at once."""
     button = turn_button(desktop)
     if not button:
         return
-    name = button.get_name()
+    name, before = button.get_name(), board(desktop)
     if by_key:
         desktop.key({"Roll dice": "alt+r", "Spin slots": "alt+s"}.get(name, "alt+p"))
     else:
         desktop.click(button)
     if name != "Pass":
-        desktop.wait_for("the turn to begin", lambda: not desktop.enabled(button))
+        desktop.wait_for("the turn to begin", lambda: not desktop.enabled(button) or board(desktop) != before)
 
 
 def card(desktop):
