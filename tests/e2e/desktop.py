@@ -101,9 +101,9 @@ class Desktop:
         raise AssertionError(f"no {what} within {seconds} seconds")
 
     def nodes(self, role=None, name=None, inside=None):
-        """What shows on the screen, in the order of the tree."""
+        """What shows on the screen, in the order of the tree. The rows of a list in a hidden window claim to show."""
         found = []
-        for root in [inside] if inside else self.applications():
+        for root in [inside] if inside else self.windows():
             self.collect(root, found)
         return [n for n in found if unless_gone(lambda: (role is None or n.get_role_name() == role) and
                                                 (name is None or (n.get_name() or "").startswith(name)))]
@@ -112,7 +112,8 @@ class Desktop:
         """The windows that show, from the last opened."""
         tops = [program.get_child_at_index(i) for program in self.applications()
                 for i in range(program.get_child_count())]
-        return [w for w in tops if w and w.get_state_set().contains(Atspi.StateType.SHOWING)]
+        return [w for w in tops
+                if w and unless_gone(lambda: w.get_state_set().contains(Atspi.StateType.SHOWING))]
 
     def applications(self):
         desktop = Atspi.get_desktop(0)
