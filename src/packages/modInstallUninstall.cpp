@@ -159,7 +159,7 @@ bool modInstallUninstall::UninstallGame(const std::string& GameKey) {
 
 void modInstallUninstall::CleanupGameDir() {
     Procedure(m_g.gErrHandler, "modInstallUninstall:CleanupGameDir", [&] {
-        if (m_archive) m_archive->StopAhead();
+        if (m_archive) m_archive->StopAhead();  // a load has ended: nobody takes the entries that come next
         for (const char* kind : UnpackedKinds) DeleteMatching(m_g.AppDir, kind);
     });
 }

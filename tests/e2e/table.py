@@ -1,5 +1,7 @@
 """What people do at the table: choose a game, enter players, take turns until somebody wins."""
 
+from desktop import unless_gone
+
 
 def choose(desktop, game=None):
     """Starts a new game from the first chooser."""
@@ -89,7 +91,8 @@ def play_until_won(desktop, seconds=400):
 
 def board(desktop):
     """The board in words."""
-    return next((n.get_name() for n in desktop.nodes("image") if " is on space " in (n.get_name() or "")), "")
+    names = [unless_gone(n.get_name) or "" for n in desktop.nodes("image")]
+    return next((name for name in names if " is on space " in name), "")
 
 
 def take_turn(desktop, by_key):
