@@ -46,8 +46,7 @@ class Desktop:
         self.make_prefix()
         read_end, write_end = os.pipe()
         self.helpers.append(subprocess.Popen(
-            # "-r": a machine that stalls between a press and its release types no key twice.
-            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", self.screen + "x24", "-nolisten", "tcp", "-r"],
+            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", self.screen + "x24", "-nolisten", "tcp"],
             pass_fds=[write_end], stderr=subprocess.DEVNULL))
         os.environ["DISPLAY"] = ":" + os.read(read_end, 16).decode().strip()
         os.environ["XDG_RUNTIME_DIR"] = str(self.folder)
