@@ -1,5 +1,7 @@
 #include "app/frmMain.h"
 
+#include <algorithm>
+
 #include "content/required.h"
 #include "diagnostics/product_settings.h"
 #include "platform/modBrowser.h"
@@ -24,7 +26,7 @@ FrmMain::FrmMain(Globals& g, const MainFormParts& parts)
     WireButtons();
     WireTwins();
     timerOverviewSpace.Tick = [this] { m_board.timerOverviewSpace_Timer(); };
-    Resize = [this] { ResizeObjects(); };
+    Resize = [this] { FollowScreen(); };
 }
 
 void FrmMain::WireButtons() {
@@ -117,6 +119,14 @@ void FrmMain::PrepareGame() {
     m_parts.control.packages.CleanupGameDir();
 }
 
+void FrmMain::FollowScreen() {
+    ResizeObjects();
+    if (!m_board.Rescale()) return;
+    m_devices.PlaceDice();
+    if (std::ranges::any_of(imgPlayingPiece, [](const Image& piece) { return piece.Visible; }))
+        m_pieces.Draw();
+}
+
 bool FrmMain::MayQuit() {
     if (!State.GameInProgress) return true;
     bool yes = false;
@@ -185,12 +195,6 @@ void FrmMain::cmdSoundOn_Click() {
         cmdSoundOn.Visible = false;
         FocusTurnButton();
     });
-}
-
-void FrmMain::FocusTurnButton() {
-    for (PictureButton* button : {&cmdPass, &cmdSpin, &cmdRoll}) {
-        if (button->Enabled && button->Visible) button->SetFocus();
-    }
 }
 
 void FrmMain::cmdTabulon_Click() {

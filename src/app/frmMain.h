@@ -46,7 +46,7 @@ class FrmMain : public MainForm, public GameHost {
     void cmdSoundOff_Click();
     void cmdSoundOn_Click();
     void cmdTabulon_Click();
-    void FocusTurnButton();
+    void FollowScreen();
     bool MayQuit();
     void PutAway();
 

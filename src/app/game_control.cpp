@@ -64,6 +64,7 @@ void GameControl::cmdSaveGame_Click() {
         if (!Ask("Do you want to save this game?")) return;
         if (m_parts.savedGames.SaveGame(m_form.GameDirectory, m_form.State)) {
             m_form.cmdSaveGame.Enabled = false;
+            m_form.FocusTurnButton();
             m_parts.dlgMsgOk.ShowMessage(*m_form.Game, "Game saved!", false, false);
         } else {
             m_parts.dlgMsgOk.ShowMessage(*m_form.Game, "Game save failed!", false, false);
@@ -105,12 +106,14 @@ void GameControl::StartNewGame(bool AskPlayers) {
         m_parts.frmGameMusic.PlayGameMusic(Required(m_form.Game).MusicGenre, "begin_game", true);
         if (!started) {
             m_devices.ToggleTurnDeviceButton(false);
+            m_form.FocusTurnButton();
             return;
         }
         ClearStateForNewGame();
         if (m_form.State.PlayerCount >= 1) {
             LayOutPlates();
             BeginNewGame();
+            m_form.FocusTurnButton();
         }
         ShowPlayingCaption();
     });
@@ -173,6 +176,7 @@ void GameControl::StartLoadedGame() {
         BeginLoadedGame();
         ShowPlayingCaption();
         m_parts.dlgPlayers.Unload();
+        m_form.FocusTurnButton();
     });
 }
 

@@ -20,6 +20,7 @@ void TurnCycle::InitiateTurnDevice() {
         Redraw();
         m_form.cmdSaveGame.Enabled = true;
         if (state.GameOver) m_devices.ToggleTurnDeviceButton(false);
+        m_form.FocusTurnButton();
     });
 }
 

@@ -27,11 +27,24 @@ void BoardView::LoadGameBoard() {
         m_boardPicture = board.File;
         m_form.picHolder.Picture = board;
         m_form.picMainBoard.Picture = board;
-        YFactor = static_cast<float>(m_form.BoardHeight()) / static_cast<float>(m_boardPicture->Height);
-        XFactor = static_cast<float>(m_form.BoardWidth()) / static_cast<float>(m_boardPicture->Width);
+        MeasureBoard();
         game.Spaces.FactorSpaces(XFactor, YFactor);
         m_form.imgOverview.Picture = board;
     });
+}
+
+void BoardView::MeasureBoard() {
+    YFactor = static_cast<float>(m_form.BoardHeight()) / static_cast<float>(m_boardPicture->Height);
+    XFactor = static_cast<float>(m_form.BoardWidth()) / static_cast<float>(m_boardPicture->Width);
+}
+
+bool BoardView::Rescale() {
+    if (!m_boardPicture || !m_form.Game) return false;
+    const auto before = std::pair(XFactor, YFactor);
+    MeasureBoard();
+    if (before == std::pair(XFactor, YFactor)) return false;
+    m_form.Game->Spaces.RefactorSpaces(XFactor, YFactor);
+    return true;
 }
 
 void BoardView::HideSpaces() {

@@ -14,6 +14,8 @@ class BoardView {
     /// Loads the game's board picture and scales the spaces to it; once for each load of the spaces. After a
     /// failure picture and factors are what they were.
     void LoadGameBoard();
+    /// Scales the spaces to the size that the board has now. False when that was the size before.
+    bool Rescale();
     void HideSpaces();
     /// Places the players' boxes and the marker, and counts the round when the first player is on. The pieces
     /// are hidden by it and must be drawn afterwards.
@@ -28,6 +30,7 @@ class BoardView {
     float YFactor = 0;
 
   private:
+    void MeasureBoard();
     void PlaceBoxes();
     void CountRound(Integer index);
 

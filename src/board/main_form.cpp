@@ -178,6 +178,14 @@ void MainForm::ColourPlate(Integer seat, Colour colour) {
     lblName[plate].ForeColor = lblPoints[plate].ForeColor = colour;
 }
 
+void MainForm::FocusTurnButton() {
+    Control* next = &cmdNew;
+    for (PictureButton* button : {&cmdPass, &cmdSpin, &cmdRoll}) {
+        if (button->Enabled && button->Visible && !State.GameOver) next = button;
+    }
+    next->SetFocus();
+}
+
 void MainForm::ResizeObjects() {
     Procedure(m_g.gErrHandler, "frmMain:ResizeObjects", [&] {
         if (WindowState == WindowState::Minimised) return;

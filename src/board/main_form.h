@@ -27,6 +27,9 @@ class MainForm : public Form {
     /// of seats that are not in the game are hidden.
     void ColourPlate(Integer seat, Colour colour);
 
+    /// Puts the focus where the user goes on: on the visible button of the turn, or on New when nobody has one.
+    void FocusTurnButton();
+
     /// The board's inner size in pixels.
     int BoardWidth() const {
         return static_cast<int>(std::lround(picMainBoard.Width / m_g.TheScreen.TwipsPerPixelX()));

@@ -103,9 +103,14 @@ void DlgMsgYesNo::ShowMessage(const CGame& oGame, const std::string& sMsg, int /
         RepositionElements();
         lblMsg.Caption = sMsg;
         SetFormObjectFonts(m_g, *this, oGame.Font, oGame.FontSize);
+        cmdYes.SetFocus();
         ShowModal();
         Result = !AnswerNo;
     });
+}
+
+void DlgMsgYesNo::Form_QueryUnload(bool& /*Cancel*/) {
+    if (Visible) AnswerNo = true;
 }
 
 void DlgMsgYesNo::cmdYes_Click() {

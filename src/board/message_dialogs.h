@@ -51,11 +51,13 @@ class DlgMsgYesNo : public Form {
     Button cmdYes{*this, "cmdYes"};
     Button cmdNo{*this, "cmdNo"};
 
-    /// Kept from one question to the next until a button sets it.
+    /// Kept from one question to the next until an answer sets it.
     bool AnswerNo = false;
 
   protected:
     void Design() override;
+    /// Who closes the question without an answer says No.
+    void Form_QueryUnload(bool& Cancel) override;
 
   private:
     void RepositionElements();

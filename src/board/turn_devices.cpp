@@ -23,14 +23,17 @@ int FaceOfFrame(int frame) { return (frame - 1) / 4 + 1; }
 void TurnDevices::HideAndCenterImages(Integer /*number*/) {
     Procedure(m_g.gErrHandler, "frmMain:HideAndCenterImages", [&] {
         const bool dice = Required(m_form.Game).TurnDevice == Device::Dice;
-        const float middle = static_cast<float>(m_form.BoardHeight()) / 2;
-        for (int i = 0; i < MaxSeats; ++i) {
-            Image& die = m_form.imgDice[i];
-            if (dice) die.Top = middle - die.Height / 2;
-            if (!dice || i > 0) die.Visible = false;
-        }
-        CenterDice();
+        for (int i = 0; i < MaxSeats; ++i)
+            if (!dice || i > 0) m_form.imgDice[i].Visible = false;
+        PlaceDice();
     });
+}
+
+void TurnDevices::PlaceDice() {
+    const float middle = static_cast<float>(m_form.BoardHeight()) / 2;
+    if (Required(m_form.Game).TurnDevice == Device::Dice)
+        for (Image& die : m_form.imgDice) die.Top = middle - die.Height / 2;
+    CenterDice();
 }
 
 // The gaps are not part of the total, so the row stands a little to the right of the middle.
@@ -160,6 +163,7 @@ void TurnDevices::DisableButtons() {
     m_form.cmdNew.Enabled = false;
     ToggleTurnDeviceButton(false);
     m_form.cmdQuit.Enabled = false;
+    m_form.ClearFocus();
 }
 
 void TurnDevices::EnableButtons() {

@@ -17,6 +17,8 @@ class TurnDevices {
     /// The number is not used: the game says how many dice there are.
     void HideAndCenterImages(Integer number);
     void CenterDice();
+    /// Puts the dice where they belong on a board of this size, shown or not.
+    void PlaceDice();
     /// Rolls for about 4.8 seconds and leaves the sum in LastRoll. A pair clears the player's RollDouble.
     void RollDice();
     /// Spins the reels and leaves the sum in LastRoll. A pair clears the player's RollDouble.

@@ -128,11 +128,23 @@ void CSpaces::RemoveBySequence(Integer /*Sequence*/) {
 
 void CSpaces::FactorSpaces(float XFactor, float YFactor) {
     for (CSpace& space : *this) {
+        space.Unfactored = {space.Left, space.Top, space.Width, space.Height};
         space.Left = Factored(XFactor, space.Left);
         space.Top = Factored(YFactor, space.Top);
         space.Width = Factored(XFactor, space.Width);
         space.Height = Factored(YFactor, space.Height);
     }
+}
+
+void CSpaces::RefactorSpaces(float XFactor, float YFactor) {
+    for (CSpace& space : *this) {
+        const auto [left, top, width, height] = space.Unfactored;
+        space.Left = left;
+        space.Top = top;
+        space.Width = width;
+        space.Height = height;
+    }
+    FactorSpaces(XFactor, YFactor);
 }
 
 }  // namespace tabulon

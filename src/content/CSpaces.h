@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -26,6 +27,8 @@ struct CSpace {
     std::string message;
     float Data1 = 0;
     Integer Data2;
+    /// Left, top, width and height before the last FactorSpaces.
+    std::array<std::int32_t, 4> Unfactored{};
 };
 
 /// The spaces of a board in the order of their file.
@@ -61,6 +64,8 @@ class CSpaces : private Collection<CSpace> {
     void RemoveBySequence(Integer Sequence);
     /// Multiplies all rectangles, rounding half to even. Each call counts.
     void FactorSpaces(float XFactor, float YFactor);
+    /// The same in place of the last FactorSpaces, since which no space was added.
+    void RefactorSpaces(float XFactor, float YFactor);
 
     using Collection::begin;
     using Collection::Count;

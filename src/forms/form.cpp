@@ -37,6 +37,11 @@ void Form::Hide() {
     TheScreen.Hide(*this);
 }
 
+void Form::ClearFocus() {
+    ActiveControl = nullptr;
+    ++FocusRequests;
+}
+
 void Form::Unload() {
     if (!Loaded || m_unloading) return;
     m_unloading = true;

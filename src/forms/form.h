@@ -47,6 +47,9 @@ class Form {
     /// Asks QueryUnload, which may refuse; then runs Form_Unload and takes the form off the screen.
     void Unload();
 
+    /// Takes the focus from whatever has it, as soon as the form shows.
+    void ClearFocus();
+
     int NextZOrder() { return ++m_lastZOrder; }
 
     const std::string Name;

@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "forms/form.h"
 #include "qt/look.h"
 #include "qt/text.h"
 
@@ -134,6 +135,8 @@ PictureButtonView::PictureButtonView(PictureButton& button, ViewHost& host, QWid
     : ViewOf(button, host, new PictureButtonWidget(host.Pictures(), parent)),
       m_button(static_cast<PictureButtonWidget&>(Widget())) {
     SetFocusPolicy(m_button, button);
+    // A click at the table leaves the focus where it was: on the button of the turn.
+    if (button.Parent.Frame == WindowFrame::FullScreen) m_button.setFocusPolicy(Qt::TabFocus);
     connect(&m_button, &QAbstractButton::clicked, this, [this] { DeliverClick(); });
 }
 

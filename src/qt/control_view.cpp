@@ -61,7 +61,9 @@ bool ControlView::TakesFocus() const {
 bool ControlView::eventFilter(QObject*, QEvent* event) {
     if (event->type() == QEvent::MouseMove && m_control.MouseMove &&
         !m_widget.childAt(static_cast<QMouseEvent*>(event)->position().toPoint()))
-        DeliverUse([] {}, m_control.MouseMove);
+        m_host.DeliverMove([this] {
+            if (IsUsable()) std::function<void()>(m_control.MouseMove)();
+        });
     return false;
 }
 
@@ -71,7 +73,7 @@ void ControlView::DeliverUse(std::function<void()> store, const std::function<vo
     if (m_syncing) return;
     m_host.Deliver([this, store = std::move(store), &handler] {
         store();
-        if (!m_control.Enabled || !m_widget.isVisible()) return;
+        if (!IsUsable()) return;
         const std::function<void()> call = handler;
         if (call) call();
     });
@@ -80,11 +82,19 @@ void ControlView::DeliverUse(std::function<void()> store, const std::function<vo
 void ControlView::SyncCommon(float twipsPerPixel) {
     const QRect place = Place(twipsPerPixel);
     if (m_place.Take(place)) m_widget.setGeometry(place);
+    if (!m_control.Enabled || !m_control.Visible) LetGoOfFocus();
     if (m_enabled.Take(m_control.Enabled)) m_widget.setEnabled(m_control.Enabled);
     if (m_visible.Take(m_control.Visible)) m_widget.setVisible(m_control.Visible);
     if (!m_toolTip.Take(m_control.ToolTipText)) return;
     m_widget.setToolTip(ToolTip(m_control.ToolTipText));
     m_widget.setAccessibleDescription(ToQt(m_control.ToolTipText));
+}
+
+/// At the game's table nobody else takes over from a control that cannot be used any more: the next one may save,
+/// or quit. In a dialog the user goes on with the next, as everywhere.
+void ControlView::LetGoOfFocus() {
+    const bool atTable = m_control.Parent.Frame == WindowFrame::FullScreen;
+    if (atTable && m_widget.window()->focusWidget() == &m_widget) m_widget.clearFocus();
 }
 
 void ControlView::SyncNames() {

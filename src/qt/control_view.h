@@ -24,6 +24,8 @@ class ViewHost {
     virtual ~ViewHost() = default;
     /// Calls the program as soon as it may be called; never once the form is gone.
     virtual void Deliver(std::function<void()> call) = 0;
+    /// The same for a move of the mouse, which is not worth keeping.
+    virtual void DeliverMove(const std::function<void()>& call) = 0;
     virtual PictureStore& Pictures() = 0;
 };
 
@@ -64,6 +66,9 @@ class ControlView : public QObject {
 
   private:
     void SyncCommon(float twipsPerPixel);
+    void LetGoOfFocus();
+    /// What the user did reaches the program only while the control is enabled and in view.
+    bool IsUsable() const { return m_control.Enabled && m_widget.isVisible(); }
     void SyncNames();
 
     Control& m_control;

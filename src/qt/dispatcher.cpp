@@ -7,11 +7,13 @@
 #include <memory>
 #include <utility>
 
+#include "qt/presses.h"
+
 namespace tabulon {
 
 namespace {
 
-bool IsKey(QEvent::Type type) { return type == QEvent::KeyPress || type == QEvent::KeyRelease; }
+bool IsKeyEvent(QEvent::Type type) { return type == QEvent::KeyPress || type == QEvent::KeyRelease; }
 
 bool IsInput(QEvent::Type type) {
     switch (type) {
@@ -21,7 +23,7 @@ bool IsInput(QEvent::Type type) {
         case QEvent::Wheel:
             return true;
         default:
-            return IsKey(type);
+            return IsKeyEvent(type);
     }
 }
 
@@ -34,15 +36,20 @@ Dispatcher::Dispatcher(std::function<void()> afterEach) : m_afterEach(std::move(
 Dispatcher::~Dispatcher() = default;
 
 void Dispatcher::Deliver(std::function<void()> call) {
-    if (Holding())
+    if (IsHolding())
         m_held.push_back({[this, call = std::move(call)] { Call(call); }});
     else
         Call(call);
 }
 
+void Dispatcher::FetchInput() {
+    const Hold hold(*this);
+    QEventLoop().processEvents(QEventLoop::X11ExcludeTimers);
+}
+
 bool Dispatcher::DeliverHeld() {
     bool any = false;
-    while (!m_held.empty() && !Holding()) {
+    while (!m_held.empty() && !IsHolding()) {
         const Held next = std::move(m_held.front());
         m_held.pop_front();
         next.deliver();
@@ -64,26 +71,28 @@ void Dispatcher::Rethrow() {
 }
 
 bool Dispatcher::eventFilter(QObject* receiver, QEvent* event) {
-    const bool isKey = IsKey(event->type());
+    const bool isKey = IsKeyEvent(event->type());
     if (m_droppingKeys && isKey) return true;
-    if (!Holding() || !IsInput(event->type())) return false;
-    HoldInput(receiver, *event, isKey);
+    if (!IsHolding() || !IsInput(event->type())) return false;
+    if (IsOfUse(*receiver, *event)) HoldInput(receiver, *event, isKey);
     return true;
 }
 
 void Dispatcher::Call(const std::function<void()>& call) {
+    ++m_calls;
     try {
         call();
     } catch (...) {
         m_thrown = std::current_exception();
     }
+    --m_calls;
     m_afterEach();
 }
 
 void Dispatcher::HoldInput(QObject* receiver, const QEvent& event, bool isKey) {
     const std::shared_ptr<QEvent> copy(event.clone());
     const auto send = [to = QPointer<QObject>(receiver), copy] {
-        if (to) QCoreApplication::sendEvent(to, copy.get());
+        if (to && IsReached(*to)) QCoreApplication::sendEvent(to, copy.get());
     };
     m_held.push_back({send, isKey});
 }

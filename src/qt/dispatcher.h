@@ -29,9 +29,14 @@ class Dispatcher final : public QObject {
 
     /// Calls the program now, or at the next delivery when calls are held.
     void Deliver(std::function<void()> call);
+    bool IsHolding() const { return m_holds > 0 || m_thrown; }
+    /// True while the program is called, and so while Qt is delivering an event further down the stack.
+    bool IsCalling() const { return m_calls > 0; }
+    /// Fetches the input that waits in the window system, and holds it. So a press is judged by what the
+    /// user saw when he pressed: call it before changes are shown.
+    void FetchInput();
     /// Delivers what was held, in its order; false when there was nothing.
     bool DeliverHeld();
-    bool HasHeld() const { return !m_held.empty(); }
 
     /// Forgets the keys that wait, here and in the window system.
     void DropKeys();
@@ -47,7 +52,6 @@ class Dispatcher final : public QObject {
         bool isKey = false;
     };
 
-    bool Holding() const { return m_holds > 0 || m_thrown; }
     void Call(const std::function<void()>& call);
     void HoldInput(QObject* receiver, const QEvent& event, bool isKey);
 
@@ -55,6 +59,7 @@ class Dispatcher final : public QObject {
     std::deque<Held> m_held;
     std::exception_ptr m_thrown;
     int m_holds = 0;
+    int m_calls = 0;
     bool m_droppingKeys = false;
 };
 

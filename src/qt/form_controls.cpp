@@ -22,10 +22,16 @@ void FormControls::Sync(float twipsPerPixel) {
     for (const auto& view : m_views) view->Sync(twipsPerPixel);
     Stack();
     if (!m_hasTabOrder) SetTabOrder();
-    ControlView* const view = ViewOf(wanted);
-    if (m_focusRequests.Take(m_form.FocusRequests) && view) view->Widget().setFocus(Qt::OtherFocusReason);
+    if (m_focusRequests.Take(m_form.FocusRequests)) Focus(ViewOf(wanted));
     m_syncing = false;
     FollowFocus();
+}
+
+void FormControls::Focus(ControlView* view) {
+    if (view)
+        view->Widget().setFocus(Qt::OtherFocusReason);
+    else if (QWidget* focused = m_window.focusWidget())
+        focused->clearFocus();
 }
 
 void FormControls::FollowFocus() {
@@ -67,13 +73,17 @@ QString FormControls::TextsToRead() const {
 }
 
 bool FormControls::ActivateAccessKey(QChar key) {
-    for (auto view = m_views.cbegin(); view != m_views.cend(); ++view) {
-        const bool usable = (*view)->Widget().isVisible() && (*view)->TheControl().Enabled;
-        if (!usable || AccessKey((*view)->Caption()) != key) continue;
-        if (!(*view)->ActivateByKey()) FocusNext(view);
-        return true;
-    }
-    return false;
+    const auto view = WithAccessKey(key);
+    if (view == m_views.cend()) return false;
+    if (!(*view)->ActivateByKey()) FocusNext(view);
+    return true;
+}
+
+FormControls::Views::const_iterator FormControls::WithAccessKey(QChar key) const {
+    return std::ranges::find_if(m_views, [key](const auto& view) {
+        const bool usable = view->Widget().isVisible() && view->TheControl().Enabled;
+        return usable && AccessKey(view->Caption()) == key;
+    });
 }
 
 void FormControls::AddView(Control& control, ViewHost& host) {

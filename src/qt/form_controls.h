@@ -23,15 +23,19 @@ class FormControls {
     QString TextsToRead() const;
     /// Uses the first control that is in view and has this access key; false when there is none.
     bool ActivateAccessKey(QChar key);
+    bool HasAccessKey(QChar key) const { return WithAccessKey(key) != m_views.cend(); }
 
   private:
     using Views = std::vector<std::unique_ptr<ControlView>>;
 
+    /// Null takes the focus from whatever has it.
+    void Focus(ControlView* view);
     void AddView(Control& control, ViewHost& host);
     ControlView* ViewOf(const Control* control) const;
     void SetTabOrder();
     void NameInputs();
     void Stack();
+    Views::const_iterator WithAccessKey(QChar key) const;
     void FocusNext(Views::const_iterator from);
 
     Form& m_form;

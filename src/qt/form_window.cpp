@@ -48,8 +48,8 @@ FormWindow::FormWindow(Form& form, Dispatcher& dispatcher, PictureStore& picture
     connect(qApp, &QApplication::focusChanged, this, [this] {
         if (m_form) m_controls.FollowFocus();
     });
-    if (m_frame == WindowFrame::FullScreen)
-        connect(QGuiApplication::primaryScreen(), &QScreen::geometryChanged, this, [this] { CoverScreen(); });
+    connect(qApp, &QGuiApplication::primaryScreenChanged, this, [this] { FollowScreen(); });
+    FollowScreen();
 }
 
 /// Widgets go before their views: a widget may still signal when it is destroyed.
@@ -91,13 +91,26 @@ void FormWindow::BringForward() {
 void FormWindow::Retire() {
     m_form = nullptr;
     hide();
-    deleteLater();
+}
+
+bool FormWindow::WaitsFor(const QKeyEvent& press) const {
+    if (!m_form) return false;
+    if ((m_form->KeyDown || m_form->KeyUp) && KeyCodeOf(press) != 0) return true;
+    const QChar accessKey = AccessKeyOf(press);
+    if (!accessKey.isNull()) return m_controls.HasAccessKey(accessKey);
+    const QWidget* focused = focusWidget();
+    return focused && focused->isEnabled();
 }
 
 void FormWindow::Deliver(std::function<void()> call) {
     m_dispatcher.Deliver([window = QPointer<FormWindow>(this), call = std::move(call)] {
         if (window && window->m_form) call();
     });
+}
+
+/// Where the mouse was while calls are held is soon forgotten.
+void FormWindow::DeliverMove(const std::function<void()>& call) {
+    if (!m_dispatcher.IsHolding()) Deliver(call);
 }
 
 /// Keys are seen once, at the native window, before they go to the widget that has the focus.
@@ -144,7 +157,7 @@ void FormWindow::paintEvent(QPaintEvent*) {
 
 void FormWindow::mouseMoveEvent(QMouseEvent* event) {
     if (!m_form || !m_form->MouseMove || childAt(event->position().toPoint())) return;
-    Deliver([this] { m_form->MouseMove(); });
+    DeliverMove([this] { m_form->MouseMove(); });
 }
 
 void FormWindow::SyncFrame(float twipsPerPixel) {
@@ -180,6 +193,23 @@ void FormWindow::Centre() {
     m_form->Top = middle(screen.top(), screen.height(), height) * twipsPerPixel;
 }
 
+/// The primary screen may become another one, and its size may change.
+void FormWindow::FollowScreen() {
+    disconnect(m_screenChanges);
+    m_screenChanges = connect(QGuiApplication::primaryScreen(), &QScreen::geometryChanged, this,
+                              [this] { FitScreen(); });
+    FitScreen();
+}
+
+/// Only a dialog that would lie outside is moved: the others stand where the user put them.
+void FormWindow::FitScreen() {
+    if (!m_form || !isVisible()) return;
+    if (m_frame == WindowFrame::FullScreen)
+        CoverScreen();
+    else if (m_form->Position == StartUpPosition::CentreScreen && !PrimaryScreen().contains(geometry()))
+        Centre();
+}
+
 /// The place is set besides the state: a desktop without a window manager knows no full-screen state.
 void FormWindow::CoverScreen() {
     setGeometry(PrimaryScreen());
@@ -201,10 +231,16 @@ bool FormWindow::TakesPress(const QKeyEvent& event) {
 }
 
 bool FormWindow::TakesAccessKey(const QKeyEvent& event) {
+    const QChar key = AccessKeyOf(event);
+    return m_form && !key.isNull() && m_controls.ActivateAccessKey(key);
+}
+
+/// The letter that is pressed together with Alt; null for any other press.
+QChar FormWindow::AccessKeyOf(const QKeyEvent& press) const {
     constexpr int beyondCharacters = 0x10000;
-    const auto modifiers = event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
-    if (!m_form || modifiers != Qt::AltModifier || event.key() >= beyondCharacters) return false;
-    return m_controls.ActivateAccessKey(QChar(event.key()).toUpper());
+    const auto modifiers = press.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+    if (modifiers != Qt::AltModifier || press.key() >= beyondCharacters) return {};
+    return QChar(press.key()).toUpper();
 }
 
 bool FormWindow::AsksProgram(const std::function<bool(int, int)>& handler, const QKeyEvent& event) {

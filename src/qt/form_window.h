@@ -25,12 +25,15 @@ class FormWindow final : public QWidget, public ViewHost {
     /// Shows the window where the form wants to stand, in front of `above`.
     void ShowAbove(QWidget* above, Modality modality);
     void BringForward();
-    /// Forgets the form and takes the window away as soon as Qt has done with it.
+    /// Forgets the form and leaves the screen. The window must live on until no event of it is on the stack.
     void Retire();
+    /// True when the form, or a control that can be used now, would do something at this press.
+    bool WaitsFor(const QKeyEvent& press) const;
 
     WindowFrame Frame() const { return m_frame; }
 
     void Deliver(std::function<void()> call) override;
+    void DeliverMove(const std::function<void()>& call) override;
     PictureStore& Pictures() override { return m_pictures; }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -47,10 +50,13 @@ class FormWindow final : public QWidget, public ViewHost {
     void SyncFrame(float twipsPerPixel);
     void SyncState();
     void Centre();
+    void FollowScreen();
+    void FitScreen();
     void CoverScreen();
     Picture BackgroundOf(const Form& form) const;
     bool TakesPress(const QKeyEvent& event);
     bool TakesAccessKey(const QKeyEvent& event);
+    QChar AccessKeyOf(const QKeyEvent& press) const;
     bool AsksProgram(const std::function<bool(int, int)>& handler, const QKeyEvent& event);
     void DeliverResize();
 
@@ -60,6 +66,7 @@ class FormWindow final : public QWidget, public ViewHost {
     const WindowFrame m_frame;
     ScaledPicture m_background;
     HeldKeys m_keys;
+    QMetaObject::Connection m_screenChanges;
     FormControls m_controls;
     Applied<std::string> m_caption;
     Applied<QSize> m_size;

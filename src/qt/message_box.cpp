@@ -1,5 +1,7 @@
 #include "qt/message_box.h"
 
+#include <QWindow>
+
 #include "qt/text.h"
 
 namespace tabulon {
@@ -43,15 +45,17 @@ BoxAnswer AnswerWithoutButton(BoxButtons buttons) {
 
 }  // namespace
 
-MessageBox::MessageBox(const MessageBoxText& content, QWidget* parent)
-    : m_box(IconOf(content.icon), ToQt(content.title), QString(), ButtonsOf(content.buttons), parent),
+MessageBox::MessageBox(const MessageBoxText& content)
+    : m_box(IconOf(content.icon), ToQt(content.title), QString(), ButtonsOf(content.buttons)),
       m_buttons(content.buttons) {
     m_box.setTextFormat(Qt::PlainText);
     m_box.setText(ToQt(content.text));
 }
 
-void MessageBox::Open() {
+void MessageBox::Open(const QWidget* above) {
     m_box.setWindowModality(Qt::ApplicationModal);
+    m_box.winId();
+    if (above) m_box.windowHandle()->setTransientParent(above->windowHandle());
     m_box.show();
     m_box.activateWindow();
 }

@@ -17,9 +17,10 @@ struct MessageBoxText {
 /// A message box of the system, open until a button closes it.
 class MessageBox {
   public:
-    MessageBox(const MessageBoxText& content, QWidget* parent);
+    explicit MessageBox(const MessageBoxText& content);
 
-    void Open();
+    /// In front of that window, which may go before the box does.
+    void Open(const QWidget* above);
     bool IsOpen() const { return m_box.isVisible(); }
     /// Closed without a button, the box counts as answered in the negative (Ok when it has only that).
     BoxAnswer Answer() const;

@@ -51,7 +51,6 @@ QtScreen::QtScreen(const std::filesystem::path& pictures, std::string title)
 
 QtScreen::~QtScreen() {
     for (const auto& [form, window] : m_windows) delete window;
-    for (const auto& window : m_retired) delete window;
     SetMousePointer(MousePointer::Default);
 }
 
@@ -85,7 +84,6 @@ void QtScreen::Forget(Form& form) {
     const auto found = m_windows.find(&form);
     if (found == m_windows.end()) return;
     found->second->Retire();
-    std::erase(m_retired, nullptr);
     m_retired.emplace_back(found->second);
     m_windows.erase(found);
 }
@@ -116,13 +114,14 @@ void QtScreen::PumpEvents() {
 }
 
 void QtScreen::Sleep(int milliseconds) {
+    m_dispatcher.FetchInput();
     Sync();
     const Dispatcher::Hold hold(m_dispatcher);
     QElapsedTimer slept;
     slept.start();
     QEventLoop loop;
     while (true) {
-        loop.processEvents(QEventLoop::ExcludeUserInputEvents);
+        loop.processEvents();
         const qint64 left = milliseconds * NanosecondsPerMillisecond - slept.nsecsElapsed();
         if (left <= 0) return;
         const qint64 nap = std::min(left, RepaintMilliseconds * NanosecondsPerMillisecond);
@@ -162,8 +161,8 @@ int QtScreen::LogicalPixelsPerInch() const {
 
 BoxAnswer QtScreen::MsgBox(const std::string& text, BoxIcon icon, BoxButtons buttons,
                            const std::string& title) {
-    MessageBox box({text, title.empty() ? m_title : title, icon, buttons}, FrontWindow());
-    box.Open();
+    MessageBox box({text, title.empty() ? m_title : title, icon, buttons});
+    box.Open(FrontWindow());
     WaitWhile([&box] { return box.IsOpen(); });
     return box.Answer();
 }
@@ -202,7 +201,7 @@ bool QtScreen::FireDueTimers() {
                 if (isDue(timer)) return timer;
         return nullptr;
     };
-    while (Timer* timer = nextDue()) {
+    while (Timer* timer = m_dispatcher.IsHolding() ? nullptr : nextDue()) {
         Fire(*timer);
         any = true;
     }
@@ -224,6 +223,8 @@ void QtScreen::WaitWhile(const std::function<bool()>& goesOn) {
 
 bool QtScreen::ServeOnce(QEventLoop::ProcessEventsFlags flags) {
     m_dispatcher.Rethrow();
+    DeleteRetired();
+    m_dispatcher.FetchInput();
     Sync();
     bool any = m_dispatcher.DeliverHeld();
     any = FireDueTimers() || any;
@@ -233,6 +234,12 @@ bool QtScreen::ServeOnce(QEventLoop::ProcessEventsFlags flags) {
     any = QEventLoop().processEvents(flags) || any;
     m_dispatcher.Rethrow();
     return any;
+}
+
+/// Qt, and what called the program, go on using a window after its event; only between two events at the bottom of
+/// the stack nobody does.
+void QtScreen::DeleteRetired() {
+    if (!m_dispatcher.IsCalling()) m_retired.clear();
 }
 
 /// A wait without events ends in time for the next timer.

@@ -68,6 +68,7 @@ class QtScreen final : public Screen {
     void WaitWhile(const std::function<bool()>& goesOn);
     bool ServeOnce(QEventLoop::ProcessEventsFlags flags);
     void SetWakeUp();
+    void DeleteRetired();
     void ShowWindow(Form& form, Modality modality);
     FormWindow* WindowOf(const Form& form) const;
     QWidget* FrontWindow() const;
@@ -78,7 +79,7 @@ class QtScreen final : public Screen {
     QElapsedTimer m_clock;
     QTimer m_wakeUp;
     std::map<const Form*, FormWindow*> m_windows;
-    std::vector<QPointer<FormWindow>> m_retired;
+    std::vector<std::unique_ptr<FormWindow>> m_retired;
     std::vector<const Timer*> m_firing;  // a timer is not entered again while its handler runs
     bool m_hourglass = false;
 };

@@ -31,7 +31,7 @@ bool StaticView<Data>::eventFilter(QObject* watched, QEvent* event) {
     const auto* mouse = static_cast<QMouseEvent*>(event);
     if (mouse->button() != Qt::LeftButton) return true;
     const bool clicked = !isPress && m_pressed && this->Widget().rect().contains(mouse->position().toPoint());
-    m_pressed = isPress;
+    m_pressed = isPress && this->Widget().isEnabled();
     if (clicked) this->DeliverClick();
     return true;
 }

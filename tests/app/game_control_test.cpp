@@ -124,6 +124,38 @@ TEST(SaveTest, AsksAndTells) {
     EXPECT_THAT(table.TheProgram.savedGames.GetSavedGames("key"), SizeIs(1));
 }
 
+TEST(FocusTest, IsWhereTheUserGoesOn) {
+    PlayTable table({.TurnDevice = Device::Dice});
+    FrmMain& form = table.Form();
+    const auto focused = [&form] { return form.ActiveControl ? form.ActiveControl->Name : "nothing"; };
+    EXPECT_EQ(focused(), "cmdRoll") << "at the start";
+    std::string during;
+    Form watcher(table.TheScreen, "watcher");
+    Timer timer(watcher, "timer", 1, true);
+    timer.Tick = [&] { during = focused(); };
+    watcher.Load();
+    table.State().LoseTurns[1] = 1;
+    form.cmdHelp.SetFocus();
+    table.Roll({1, 1});
+    form.cmdFakeRoll.Click();
+    watcher.Unload();
+    EXPECT_EQ(during, "nothing") << "while the dice roll";
+    EXPECT_EQ(focused(), "cmdPass") << "before a lost turn";
+    form.cmdHelp.SetFocus();
+    form.cmdFakeRoll.Click();
+    EXPECT_EQ(focused(), "cmdRoll") << "after it";
+    form.cmdSaveGame.SetFocus();
+    table.User.Yes = {false, true};
+    form.cmdSaveGame.Click();
+    EXPECT_EQ(focused(), "cmdSaveGame") << "nothing saved";
+    form.cmdSaveGame.Click();
+    EXPECT_EQ(focused(), "cmdRoll") << "saved";
+    table.State().Points[3] = 1000;
+    table.Roll({1, 1});
+    form.cmdRoll.Click();
+    EXPECT_EQ(focused(), "cmdNew") << "after the end";
+}
+
 TEST(SaveTest, FailsAfterACancelledStart) {
     PlayTable table;
     table.User.Players.emplace_back();

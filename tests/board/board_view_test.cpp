@@ -75,6 +75,19 @@ TEST_P(BoardAtDensityTest, StretchesPictureAndSpacesToTheBoard) {
 INSTANTIATE_TEST_SUITE_P(Densities, BoardAtDensityTest, testing::Values(96, 120),
                          [](const auto& row) { return "Dpi" + std::to_string(row.param); });
 
+TEST_F(BoardViewTest, ScalesAnewFromTheFilesOwnPlaces) {
+    LoadHalfSizedBoard();
+    EXPECT_FALSE(view.Rescale()) << "the same size";
+    const auto before = Rectangle(2);
+    for (const auto& [width, height, rectangle] :
+         {std::tuple{100, 100, std::vector{10, 5, 10, 10}}, {600, 400, before}}) {
+        frmMain.picMainBoard.Move(0, 0, static_cast<float>(width) * 15, static_cast<float>(height) * 15);
+        EXPECT_TRUE(view.Rescale());
+        EXPECT_EQ(Rectangle(2), rectangle);
+    }
+    EXPECT_THAT(machine.Errors, IsEmpty());
+}
+
 TEST_F(BoardViewTest, AMissingOrBrokenPictureKeepsFactorsAndSpaces) {
     LoadHalfSizedBoard();
     const Picture before = frmMain.picMainBoard.Picture;

@@ -155,16 +155,29 @@ TEST_F(MessageTest, KeysAnswerAQuestion) {
     }
 }
 
-TEST_F(MessageTest, AQuestionThatIsClosedGetsTheLastAnswer) {
-    const auto close = [&] { dlgMsgYesNo.Unload(); };
-    At(0, close);
-    EXPECT_TRUE(Ask());
-    At(0, [&] { dlgMsgYesNo.cmdNo.Click(); });
-    EXPECT_FALSE(Ask());
-    At(0, close);
-    EXPECT_FALSE(Ask());
+TEST_F(MessageTest, AQuestionThatIsClosedIsANo) {
+    for (Button* before : {&dlgMsgYesNo.cmdYes, &dlgMsgYesNo.cmdNo}) {
+        At(0, [&] { before->Click(); });
+        Ask();
+        At(0, [&] { dlgMsgYesNo.Unload(); });
+        EXPECT_FALSE(Ask());
+        EXPECT_TRUE(dlgMsgYesNo.AnswerNo);
+    }
     At(0, [&] { dlgMsgYesNo.cmdYes.Click(); });
-    EXPECT_TRUE(Ask());
+    Ask();
+    dlgMsgYesNo.Unload();
+    EXPECT_FALSE(dlgMsgYesNo.AnswerNo) << "nobody was asked";
+}
+
+TEST_F(MessageTest, AQuestionOpensWithTheFocusOnYes) {
+    for (Button* before : {&dlgMsgYesNo.cmdNo, &dlgMsgYesNo.cmdYes}) {
+        At(0, [&] {
+            EXPECT_EQ(dlgMsgYesNo.ActiveControl, &dlgMsgYesNo.cmdYes);
+            before->SetFocus();
+            before->Click();
+        });
+        Ask();
+    }
 }
 
 TEST(MessageSizeTest, IsTheSameInPixelsAtBothDensities) {

@@ -224,6 +224,31 @@ TEST_F(Input, FocusGoesBothWays) {
     EXPECT_TRUE(Find(form.chkComputer).hasFocus());
 }
 
+TEST_F(Input, AtTheTableNobodyInheritsTheFocus) {
+    form.Frame = WindowFrame::FullScreen;
+    form.cmdOk.Click = [] { ADD_FAILURE() << "inherited"; };
+    Show(form);
+    for (bool Control::*given : {&Control::Enabled, &Control::Visible}) {
+        form.cmdRoll.SetFocus();
+        screen.PumpEvents();
+        EXPECT_TRUE(Find(form.cmdRoll).hasFocus());
+        form.cmdRoll.*given = false;
+        screen.PumpEvents();
+        EXPECT_EQ(WindowOf(form)->focusWidget(), nullptr);
+        Press(form, Qt::Key_Space);
+        form.cmdRoll.*given = true;
+    }
+    form.cmdRoll.SetFocus();
+    screen.PumpEvents();
+    form.ClearFocus();
+    screen.PumpEvents();
+    EXPECT_EQ(WindowOf(form)->focusWidget(), nullptr);
+    form.chkComputer.SetFocus();
+    screen.PumpEvents();
+    ClickThere(form.cmdRoll);
+    EXPECT_TRUE(Find(form.chkComputer).hasFocus()) << "a click takes no focus there";
+}
+
 TEST_F(Input, FormSeesKeysBeforeTheControlDoes) {
     std::vector<std::pair<int, int>> down;
     std::vector<std::pair<int, int>> up;

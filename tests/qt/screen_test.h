@@ -81,6 +81,14 @@ class ScreenTest : public testing::Test {
     static QWidget& Find(const Control& control) { return Find<QWidget>(control); }
 
     static void Click(const Control& control) { QTest::mouseClick(&Find(control), Qt::LeftButton); }
+    static QPoint PlaceInWindow(const Control& control) {
+        const QWidget& widget = Find(control);
+        return widget.mapTo(widget.window(), widget.rect().center());
+    }
+    /// The road of a real click: through the window, to what stands there.
+    static void ClickThere(const Control& control) {
+        QTest::mouseClick(WindowOf(control.Parent)->windowHandle(), Qt::LeftButton, {}, PlaceInWindow(control));
+    }
     static void Press(const Form& form, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QTest::keyClick(WindowOf(form)->windowHandle(), key, modifiers);
     }

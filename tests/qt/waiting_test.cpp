@@ -1,6 +1,8 @@
 #include <QAbstractButton>
 #include <QElapsedTimer>
 #include <QMessageBox>
+#include <QMouseEvent>
+#include <QPointer>
 #include <QWindow>
 
 #include "qt/screen_test.h"
@@ -33,7 +35,6 @@ TEST_F(Waiting, AModalFormHoldsItsCallerUntilItIsHidden) {
     Soon([this] {
         EXPECT_TRUE(WindowOf(dialog)->isModal());
         Click(dialog.cmdOk);
-        EXPECT_THAT(log, ElementsAre("ok"));
     });
     Click(form.cmdOk);
     EXPECT_THAT(log, ElementsAre("ok", "closed"));
@@ -172,6 +173,76 @@ TEST_F(Waiting, AHeldClickFindsTheButtonAsItIsThen) {
     EXPECT_TRUE(log.empty());
 }
 
+TEST_F(Waiting, OnlyWhatWasPressedWhereItCountsIsHeld) {
+    const struct {
+        const char* name;
+        bool enabled;
+        std::function<void(TestForm&)> press;
+        std::vector<std::string> heard;
+    } rows[] = {
+        {"click on an enabled button", true, [](auto& f) { ClickThere(f.cmdRoll); }, {"roll"}},
+        {"click on a disabled button", false, [](auto& f) { ClickThere(f.cmdRoll); }, {}},
+        {"Space on the focus", true, [](auto& f) { Press(f, Qt::Key_Space); }, {"roll"}},
+        {"Space without a focus", false, [](auto& f) { Press(f, Qt::Key_Space); }, {}},
+        {"twin", false, [](auto& f) { Press(f, Qt::Key_R, Qt::AltModifier); }, {"twin"}},
+        {"access key of a disabled button", false, [](auto& f) { Press(f, Qt::Key_S, Qt::AltModifier); }, {}},
+        {"close box", false, [](auto& f) { WindowOf(f)->close(); }, {"unload"}},
+    };
+    form.Frame = WindowFrame::FullScreen;
+    form.cmdFakeRoll.Caption = "&Roll";
+    form.cmdRoll.Caption = "&Spin";
+    form.cmdRoll.Click = Log("roll");
+    form.cmdFakeRoll.Click = Log("twin");
+    form.cmdOk.Click = Log("ok");
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        log.clear();
+        form.unloads = 0;
+        form.cmdRoll.Enabled = true;
+        Show(form);
+        form.cmdRoll.SetFocus();
+        screen.PumpEvents();
+        form.cmdRoll.Enabled = row.enabled;
+        screen.PumpEvents();
+        Soon([&] { row.press(form); });
+        screen.Sleep(5);
+        form.cmdRoll.Enabled = true;
+        form.cmdRoll.SetFocus();
+        screen.PumpEvents();
+        if (form.unloads > 0) log.emplace_back("unload");
+        EXPECT_EQ(log, row.heard);
+    }
+}
+
+TEST_F(Waiting, APressCountsAsWhatTheUserSawWhenItWasMade) {
+    form.cmdRoll.Enabled = false;
+    form.cmdRoll.Click = Log("roll");
+    Show(form);
+    const QPoint place = PlaceInWindow(form.cmdRoll);
+    for (const bool down : {true, false})
+        QCoreApplication::postEvent(
+            WindowOf(form)->windowHandle(),
+            new QMouseEvent(down ? QEvent::MouseButtonPress : QEvent::MouseButtonRelease, place,
+                            WindowOf(form)->mapToGlobal(place), Qt::LeftButton,
+                            down ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier));
+    form.cmdRoll.Enabled = true;
+    screen.PumpEvents();
+    EXPECT_TRUE(log.empty());
+}
+
+TEST_F(Waiting, AHeldPressIsLostWhenItsWindowCannotBeReachedAnyMore) {
+    form.KeyDown = [this](int, int) { return (log.push_back("key"), true); };
+    Show(form);
+    Soon([this] { Press(form, Qt::Key_O); });
+    screen.Sleep(5);
+    dialog.Timer1.Interval = 1;
+    dialog.Timer1.Enabled = true;
+    dialog.Timer1.Tick = [this] { dialog.Hide(); };
+    dialog.ShowModal();
+    screen.PumpEvents();
+    EXPECT_TRUE(log.empty());
+}
+
 TEST_F(Waiting, FlushedKeysAreForgottenClicksAreNot) {
     form.KeyDown = [this](int, int) { return (log.push_back("key"), true); };
     form.cmdOk.Click = Log("click");
@@ -238,6 +309,40 @@ TEST_F(Waiting, AFormMayUnloadItselfInAnyHandler) {
     Show(form);
     Press(form, Qt::Key_O);
     EXPECT_FALSE(form.Loaded);
+}
+
+// An impatient second press unloads the form while the first one still runs its handler, and pumps.
+TEST_F(Waiting, AWindowOutlivesThePressesThatItDelivers) {
+    const std::pair<const char*, void (*)(TestForm&)> ways[] = {
+        {"key", [](TestForm& f) { Press(f, Qt::Key_O); }},
+        {"access key", [](TestForm& f) { Press(f, Qt::Key_R, Qt::AltModifier); }},
+        {"button", [](TestForm& f) { Click(f.cmdOk); }},
+        {"label", [](TestForm& f) { Click(f.lblName); }},
+    };
+    QPointer<QWidget> window;
+    int presses = 0;
+    std::function<void()> again;
+    const auto handler = [&] {
+        if (++presses > 1) return dialog.Unload();
+        Soon(again);
+        while (dialog.Loaded) screen.PumpEvents();
+        screen.PumpEvents();
+        EXPECT_TRUE(window) << "Qt has not done with it";
+    };
+    dialog.KeyDown = [&](int code, int) { return code == Key::O && (handler(), true); };
+    dialog.cmdFakeRoll.Caption = "&Roll";
+    dialog.cmdFakeRoll.Click = dialog.cmdOk.Click = dialog.lblName.Click = handler;
+    for (const auto& [name, press] : ways) {
+        SCOPED_TRACE(name);
+        presses = 0;
+        again = [&, press = press] { press(dialog); };
+        Show(dialog);
+        window = WindowOf(dialog);
+        Soon(again);
+        while (dialog.Loaded) screen.PumpEvents();
+        screen.PumpEvents();
+        EXPECT_FALSE(window);
+    }
 }
 
 TEST_F(Waiting, AMessageBoxAnswersWithTheButtonThatWasPressed) {
