@@ -28,13 +28,15 @@ def unless_gone(look):
 class Desktop:
     """Use as a context: a prefix in a temporary folder, a display, and the Player with its games installed.
 
-    `scale` is the number of pixels of the display for one of the Player; `dpi` the font density of the desktop."""
+    `scale` is the number of pixels of the display for one of the Player; `dpi` the font density of the desktop. A
+    `resizable` display can be resized while the Player runs."""
 
-    def __init__(self, build, prepare=lambda desktop: None, screen="1024x768", scale=1, dpi=96):
+    def __init__(self, build, prepare=lambda desktop: None, screen="1024x768", scale=1, dpi=96, resizable=False):
         self.build = pathlib.Path(build).resolve()
         self.screen = screen
         self.scale = scale
         self.dpi = dpi
+        self.resizable = resizable
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="tabulon-e2e-"))
         self.games = self.folder / "var/games/tabulon"  # packages that lie here at the start are installed
         self.games.mkdir(parents=True)
@@ -44,11 +46,9 @@ class Desktop:
 
     def __enter__(self):
         self.make_prefix()
-        read_end, write_end = os.pipe()
-        self.helpers.append(subprocess.Popen(
-            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", self.screen + "x24", "-nolisten", "tcp"],
-            pass_fds=[write_end], stderr=subprocess.DEVNULL))
-        os.environ["DISPLAY"] = ":" + os.read(read_end, 16).decode().strip()
+        self.start_display("Xvfb", "-screen", "0", self.screen + "x24")
+        if self.resizable:
+            self.start_display("Xephyr", "-screen", self.screen)
         os.environ["XDG_RUNTIME_DIR"] = str(self.folder)
         # The accessibility bus has its socket there too, out of the way of another test's.
         subprocess.run(["dbus-update-activation-environment", "XDG_RUNTIME_DIR"], check=True)
@@ -71,6 +71,15 @@ class Desktop:
                 process.kill()
                 process.wait()
         shutil.rmtree(self.folder, ignore_errors=True)
+
+    def start_display(self, *command):
+        read_end, write_end = os.pipe()
+        self.helpers.append(subprocess.Popen([*command, "-displayfd", str(write_end), "-nolisten", "tcp"],
+                                             pass_fds=[write_end], stderr=subprocess.DEVNULL))
+        os.environ["DISPLAY"] = ":" + os.read(read_end, 16).decode().strip()
+
+    def resize(self, size):
+        subprocess.run(["xrandr", "-s", size], check=True, stderr=subprocess.DEVNULL)
 
     def make_prefix(self):
         (self.folder / "bin").mkdir()
