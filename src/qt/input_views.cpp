@@ -84,6 +84,7 @@ void TextEditView::SyncOwn() {
 /// The open list is as wide as its longest row, within reason.
 void ComboBoxWidget::showPopup() {
     aboutToOpen();
+    if (!isVisible()) return;  // the form may be gone
     const int rows = view()->sizeHintForColumn(0) + view()->verticalScrollBar()->sizeHint().width();
     view()->setMinimumWidth(std::clamp(rows, width(), std::max(width(), WidestList)));
     QComboBox::showPopup();
