@@ -118,6 +118,30 @@ TEST_F(Input, RowsReachTheData) {
     EXPECT_EQ(calls, 2);
 }
 
+TEST_F(Input, TheRowWithTheFocusIsSelectedByTheFirstKeyThatMoves) {
+    for (const char* row : {"Anna", "Bert", "Cleo"}) form.lstPlayers.AddItem(row);
+    form.lstPlayers.Click = Count();
+    form.Load();
+    form.lstPlayers.SetFocus();
+    Show(form);
+    const std::pair<Qt::Key, int> first[] = {{Qt::Key_Home, 0},    {Qt::Key_Up, 0},     {Qt::Key_Down, 0},
+                                             {Qt::Key_Right, 0},   {Qt::Key_PageUp, 0}, {Qt::Key_End, 2},
+                                             {Qt::Key_PageDown, 2}};
+    for (const auto& [key, row] : first) {
+        form.lstPlayers.ListIndex = -1;
+        screen.PumpEvents();
+        auto& list = Find<QListWidget>(form.lstPlayers);
+        list.setCurrentRow(0,
+                           QItemSelectionModel::NoUpdate);  // as the list itself does when it gets the focus
+        calls = 0;
+        Press(form, key);
+        EXPECT_EQ(form.lstPlayers.ListIndex, row) << key;
+        EXPECT_EQ(calls, 1) << key;
+    }
+    Press(form, Qt::Key_Up);
+    EXPECT_EQ(form.lstPlayers.SelectedRow().Text, "Bert");
+}
+
 TEST_F(Input, OpeningAListTellsFirstAndShowsWhatTheHandlerAdds) {
     form.cboGame.DropDown = [this] { form.cboGame.AddItem("Race"); };
     Show(form);
