@@ -21,7 +21,6 @@ void FormControls::Sync(float twipsPerPixel) {
     m_syncing = true;
     for (const auto& view : m_views) view->Sync(twipsPerPixel);
     Stack();
-    if (!m_hasTabOrder) SetTabOrder();
     ControlView* const view = ViewOf(wanted);
     if (m_focusRequests.Take(m_form.FocusRequests) && view) view->Widget().setFocus(Qt::OtherFocusReason);
     m_syncing = false;
@@ -86,16 +85,6 @@ ControlView* FormControls::ViewOf(const Control* control) const {
     const auto shows = [control](const auto& view) { return &view->TheControl() == control; };
     const auto found = std::find_if(m_views.begin(), m_views.end(), shows);
     return found == m_views.end() ? nullptr : found->get();
-}
-
-void FormControls::SetTabOrder() {
-    m_hasTabOrder = true;
-    QWidget* before = nullptr;
-    for (const auto& view : m_views) {
-        if (view->Widget().focusPolicy() == Qt::NoFocus) continue;
-        if (before) QWidget::setTabOrder(before, &view->Widget());
-        before = &view->Widget();
-    }
 }
 
 /// A label tells a screen reader what the input behind it is for.

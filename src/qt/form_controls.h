@@ -29,7 +29,6 @@ class FormControls {
 
     void AddView(Control& control, ViewHost& host);
     ControlView* ViewOf(const Control* control) const;
-    void SetTabOrder();
     void NameInputs();
     void Stack();
     void FocusNext(Views::const_iterator from);
@@ -39,7 +38,6 @@ class FormControls {
     Views m_views;
     std::vector<ControlView*> m_stack;  // from the back to the front
     Applied<int> m_focusRequests;
-    bool m_hasTabOrder = false;
     bool m_syncing = false;
 };
 

@@ -248,6 +248,21 @@ TEST_F(Input, FocusGoesBothWays) {
     EXPECT_TRUE(Find(form.chkComputer).hasFocus());
 }
 
+TEST_F(Input, TabFollowsTheControlsAlsoWhereOneWasEmptyAtFirst) {
+    form.lblName.Click = form.imgPiece.Click = form.lblRound.Click = Count();
+    Show(form);
+    form.lblName.Caption = form.lblRound.Caption = "Ann";
+    form.imgPiece.Picture = Picture::Piece(1);
+    screen.PumpEvents();
+    for (const Control* stop :
+         std::vector<Control*>{&form.txtName, &form.cmdOk, &form.cmdRoll, &form.chkComputer, &form.cboGame,
+                               &form.lstPlayers, &form.imgPiece, &form.lblRound, &form.updPiece,
+                               &form.updPiece, &form.rtfText, &form.txtNotes, &form.lblName, &form.txtName}) {
+        EXPECT_EQ(form.ActiveControl->Name, stop->Name);
+        Press(form, Qt::Key_Tab);
+    }
+}
+
 TEST_F(Input, FormSeesKeysBeforeTheControlDoes) {
     std::vector<std::pair<int, int>> down;
     std::vector<std::pair<int, int>> up;
