@@ -4,12 +4,24 @@
 #include <QStringList>
 #include <algorithm>
 #include <ranges>
+#include <string_view>
 #include <utility>
 
+#include "qt/focus_step.h"
 #include "qt/text.h"
 #include "qt/view_factory.h"
 
 namespace tabulon {
+
+namespace {
+
+/// The name of the array that the control belongs to, else its own.
+std::string_view ArrayOf(const Control& control) {
+    const std::string_view name = control.Name;
+    return name.substr(0, name.find('('));
+}
+
+}  // namespace
 
 FormControls::FormControls(Form& form, ViewHost& host, QWidget& window) : m_form(form), m_window(window) {
     for (Control* control : form.Controls) AddView(*control, host);
@@ -73,6 +85,18 @@ bool FormControls::ActivateAccessKey(QChar key) {
         return true;
     }
     return false;
+}
+
+bool FormControls::StepFocus(int key) {
+    const ControlView* const here = ViewOf(m_form.ActiveControl);
+    if (!here || !here->Widget().hasFocus() || !IsStatic(here->TheControl().Kind)) return false;
+    const std::string_view array = ArrayOf(here->TheControl());
+    std::vector<QWidget*> likes;
+    for (const auto& view : m_views)
+        if (view->TakesFocus() && ArrayOf(view->TheControl()) == array) likes.push_back(&view->Widget());
+    QWidget* const next = StepFrom(here->Widget(), likes, key);
+    if (next) next->setFocus(Qt::TabFocusReason);
+    return next;
 }
 
 void FormControls::AddView(Control& control, ViewHost& host) {

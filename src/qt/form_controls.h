@@ -21,6 +21,9 @@ class FormControls {
     void FocusFirst();
     /// The texts of the form, such as a question and its answers, one a line, from the top down.
     QString TextsToRead() const;
+    /// Moves the focus from a name, a piece or an answer to another one of its array; false for any other
+    /// key.
+    bool StepFocus(int key);
     /// Uses the first control that is in view and has this access key; false when there is none.
     bool ActivateAccessKey(QChar key);
 

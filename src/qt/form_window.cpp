@@ -147,6 +147,12 @@ void FormWindow::mouseMoveEvent(QMouseEvent* event) {
     Deliver([this] { m_form->MouseMove(); });
 }
 
+/// What the control with the focus had no use for.
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+    const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (!m_form || !plain || !m_controls.StepFocus(event->key())) QWidget::keyPressEvent(event);
+}
+
 void FormWindow::SyncFrame(float twipsPerPixel) {
     if (m_caption.Take(m_form->Caption)) setWindowTitle(ToQt(m_form->Caption));
     if (m_picture.Take(m_form->Background)) {

@@ -263,6 +263,34 @@ TEST_F(Input, TabFollowsTheControlsAlsoWhereOneWasEmptyAtFirst) {
     }
 }
 
+/// Pieces in rows of three, of which the fifth cannot be chosen.
+TEST_F(Input, ArrowsGoAmongTheControlsOfOneArray) {
+    Form pieces(screen, "frmPieces");
+    ControlArray<Image, 7> imgPiece{pieces, "imgPiece"};
+    Image imgOther{pieces, "imgOther(7)"};
+    pieces.Width = pieces.Height = form.Twips(300);
+    for (int i = 0; i < 7; ++i) form.Place(imgPiece[i], i % 3 * 50, i / 3 * 50, 40, 40);
+    for (Control* piece : pieces.Controls) {
+        piece->Click = Count();
+        static_cast<Image*>(piece)->Picture = Picture::Piece(1);
+    }
+    imgPiece[4].Enabled = false;
+    pieces.Load();
+    imgPiece[0].SetFocus();
+    Show(pieces);
+    const std::pair<Qt::Key, int> steps[] = {
+        {Qt::Key_Left, 0},  {Qt::Key_Right, 1}, {Qt::Key_Down, 1}, {Qt::Key_Right, 2}, {Qt::Key_Right, 3},
+        {Qt::Key_Right, 5}, {Qt::Key_Up, 2},    {Qt::Key_Home, 0}, {Qt::Key_Down, 3},  {Qt::Key_Down, 6},
+        {Qt::Key_Right, 6}, {Qt::Key_Home, 0},  {Qt::Key_End, 6}};
+    for (const auto& [key, piece] : steps) {
+        Press(pieces, key);
+        EXPECT_EQ(pieces.ActiveControl->Name, imgPiece[piece].Name) << key;
+    }
+    Press(pieces, Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(pieces.ActiveControl, &imgPiece[6]);
+    EXPECT_EQ(calls, 0);
+}
+
 TEST_F(Input, FormSeesKeysBeforeTheControlDoes) {
     std::vector<std::pair<int, int>> down;
     std::vector<std::pair<int, int>> up;
