@@ -1,7 +1,6 @@
 #include "qt/form_controls.h"
 
 #include <QLabel>
-#include <QStringList>
 #include <algorithm>
 #include <ranges>
 #include <string_view>
@@ -23,7 +22,8 @@ std::string_view ArrayOf(const Control& control) {
 
 }  // namespace
 
-FormControls::FormControls(Form& form, ViewHost& host, QWidget& window) : m_form(form), m_window(window) {
+FormControls::FormControls(Form& form, ViewHost& host, QWidget& window)
+    : m_form(form), m_window(window), m_spoken(form, window) {
     for (Control* control : form.Controls) AddView(*control, host);
     NameInputs();
 }
@@ -33,6 +33,7 @@ void FormControls::Sync(float twipsPerPixel) {
     m_syncing = true;
     for (const auto& view : m_views) view->Sync(twipsPerPixel);
     Stack();
+    m_spoken.Follow();
     ControlView* const view = ViewOf(wanted);
     if (m_focusRequests.Take(m_form.FocusRequests) && view) view->Widget().setFocus(Qt::OtherFocusReason);
     m_syncing = false;
@@ -60,21 +61,6 @@ void FormControls::FocusFirst() {
     if (!first && std::ranges::any_of(m_views, takesFocus)) first = &m_window;
     if (first && !m_window.focusWidget()) first->setFocus(Qt::ActiveWindowFocusReason);
     FollowFocus();
-}
-
-QString FormControls::TextsToRead() const {
-    std::vector<const Control*> labels;
-    for (const auto& view : m_views) {
-        const Control& control = view->TheControl();
-        if (control.Kind == ControlKind::Label && control.Visible) labels.push_back(&control);
-    }
-    std::ranges::stable_sort(labels, {},
-                             [](const Control* label) { return std::pair(label->Top, label->Left); });
-    QStringList texts;
-    for (const Control* label : labels)
-        texts << PlainCaption(static_cast<const Label*>(label)->Caption).simplified();
-    texts.removeAll(QString());
-    return texts.join('\n');
 }
 
 bool FormControls::ActivateAccessKey(QChar key) {

@@ -75,7 +75,6 @@ void FormWindow::ShowAbove(QWidget* above, Modality modality) {
     windowHandle()->installEventFilter(this);
     if (above && m_frame != WindowFrame::FullScreen)
         windowHandle()->setTransientParent(above->windowHandle());
-    setAccessibleDescription(m_controls.TextsToRead());
     show();
     raise();
     activateWindow();

@@ -50,6 +50,9 @@ template <class Data>
 void StaticView<Data>::SetReachable(bool showsSomething) {
     const bool clickable = showsSomething && this->TheData().Click;
     const bool reachable = clickable && this->TheData().TabStop;
+    auto& pressable = dynamic_cast<Pressable&>(this->Widget());
+    if (clickable != bool{pressable.press})
+        pressable.press = clickable ? [this] { this->DeliverClick(); } : std::function<void()>();
     this->Widget().setCursor(clickable ? Qt::PointingHandCursor : Qt::ArrowCursor);
     this->Widget().setFocusPolicy(reachable ? Qt::TabFocus : Qt::NoFocus);
 }
