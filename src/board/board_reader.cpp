@@ -52,6 +52,12 @@ std::string DescribeBoard(const MainForm& form) {
     return text;
 }
 
+void GoToBoardOrBack(MainForm& form) {
+    if (form.ActiveControl != &form.picMainBoard) return form.picMainBoard.SetFocus();
+    for (PictureButton* button : {&form.cmdRoll, &form.cmdSpin, &form.cmdPass, &form.cmdNew})
+        if (button->Visible && button->Enabled) return button->SetFocus();
+}
+
 void BoardReader::Follow() {
     m_form.picMainBoard.AccessibleName = DescribeBoard(m_form);
     FollowRoll();

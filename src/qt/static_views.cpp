@@ -169,7 +169,10 @@ PictureBoxView::PictureBoxView(PictureBox& box, ViewHost& host, QWidget* parent)
     : StaticView(box, host, new PictureWidget(host.Pictures(), parent)),
       m_picture(static_cast<PictureWidget&>(Widget())) {}
 
+/// A picture that has a name is there to be read in words: Tab comes to it.
 void PictureBoxView::SyncOwn() {
+    const bool readable = TheData().TabStop && !TheData().AccessibleName.empty();
+    Widget().setFocusPolicy(readable ? Qt::TabFocus : Qt::NoFocus);
     if (m_shown.Take(TheData().Picture)) m_picture.Show(TheData().Picture);
 }
 

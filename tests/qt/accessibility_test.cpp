@@ -125,6 +125,10 @@ TEST_F(Accessibility, GivesTheBoardItsDescriptionAsName) {
     form.picBoard.AccessibleName = "Ann is on space 4 of 10.";
     screen.PumpEvents();
     EXPECT_EQ(Of(form.picBoard).text(QAccessible::Name), "Ann is on space 4 of 10.");
+    EXPECT_TRUE(Of(form.picBoard).state().focusable);
+    form.picBoard.AccessibleName.clear();
+    screen.PumpEvents();
+    EXPECT_FALSE(Of(form.picBoard).state().focusable) << "nothing to read";
 }
 
 TEST_F(Accessibility, CallsALabelByItsTextUnlessItHasAName) {
