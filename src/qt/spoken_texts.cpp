@@ -19,6 +19,7 @@ bool IsClicked(const Control& control) { return control.Click != nullptr; }
 SpokenTexts::SpokenTexts(const Form& form, QWidget& window) : m_form(form), m_window(window) {}
 
 void SpokenTexts::Follow() {
+    if (m_form.Frame == WindowFrame::Dialog && !m_announcement) MakeAnnouncement();
     Texts texts = Collect();
     if (texts == m_texts) return;
     QStringList all, news;
@@ -28,7 +29,7 @@ void SpokenTexts::Follow() {
     }
     m_texts = std::move(texts);
     m_window.setAccessibleDescription(all.join('\n'));
-    if (!news.isEmpty()) Announce(news.join('\n'));
+    if (!news.isEmpty()) m_announcement->SetCaption(DoubleAmpersands(FromQt(news.join('\n'))));
 }
 
 /// From the top down.
@@ -47,18 +48,14 @@ SpokenTexts::Texts SpokenTexts::Collect() const {
 
 /// The board speaks for itself, and what can be clicked is told when the focus comes to it.
 bool SpokenTexts::IsNews(const Text& text) const {
-    const bool mayTell = m_form.Frame == WindowFrame::Dialog && m_window.isVisible();
+    const bool mayTell = m_announcement && m_window.isVisible();
     return mayTell && !IsClicked(*text.Of) && std::ranges::find(m_texts, text) == m_texts.end();
 }
 
-/// By a label out of sight.
-void SpokenTexts::Announce(const QString& words) {
-    if (!m_announcement) {
-        m_announcement = new LabelWidget(&m_window);
-        m_announcement->setGeometry(-10, -10, 1, 1);
-        m_announcement->show();
-    }
-    m_announcement->SetCaption(DoubleAmpersands(FromQt(words)));
+/// Before the window shows: a label that comes later is announced twice, as a label and with its text.
+void SpokenTexts::MakeAnnouncement() {
+    m_announcement = new LabelWidget(&m_window);
+    m_announcement->setGeometry(-10, -10, 1, 1);
 }
 
 }  // namespace tabulon

@@ -30,11 +30,11 @@ class SpokenTexts {
 
     Texts Collect() const;
     bool IsNews(const Text& text) const;
-    void Announce(const QString& words);
+    void MakeAnnouncement();
 
     const Form& m_form;
     QWidget& m_window;
-    LabelWidget* m_announcement = nullptr;
+    LabelWidget* m_announcement = nullptr;  // out of sight; none but in a dialog
     Texts m_texts;
 };
 
