@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "board/board_reader.h"
 #include "content/required.h"
 #include "diagnostics/product_settings.h"
 #include "platform/modBrowser.h"
@@ -27,6 +28,11 @@ FrmMain::FrmMain(Globals& g, const MainFormParts& parts)
     WireTwins();
     timerOverviewSpace.Tick = [this] { m_board.timerOverviewSpace_Timer(); };
     Resize = [this] { FollowScreen(); };
+    KeyDown = [this](int code, int shift) {
+        const bool isF6 = code == Key::F6 && shift == 0;
+        if (isF6) GoToBoardOrBack(*this);
+        return isF6;
+    };
 }
 
 void FrmMain::WireButtons() {

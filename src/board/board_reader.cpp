@@ -52,6 +52,13 @@ std::string DescribeBoard(const MainForm& form) {
     return text;
 }
 
+void GoToBoardOrBack(MainForm& form) {
+    if (form.ActiveControl == &form.picMainBoard)
+        form.FocusTurnButton();
+    else
+        form.picMainBoard.SetFocus();
+}
+
 void BoardReader::Follow() {
     m_form.picMainBoard.AccessibleName = DescribeBoard(m_form);
     FollowRoll();

@@ -9,6 +9,9 @@ namespace tabulon {
 /// Who stands on which space of how many, with how much, and whose turn it is; empty before a game.
 std::string DescribeBoard(const MainForm& form);
 
+/// Gives the focus to the board, so that its description is read, and from there to the button of the turn.
+void GoToBoardOrBack(MainForm& form);
+
 /// Keeps the board's description and the last roll in words, for those who hear the board and do not see it.
 class BoardReader {
   public:

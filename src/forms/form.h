@@ -24,7 +24,7 @@ enum class WindowState { Normal, Minimised };
 /// The numbers of keys and modifiers that handlers get.
 namespace Key {
 inline constexpr int Enter = 13, Escape = 27, Space = 32, A = 65, B = 66, C = 67, D = 68, G = 71, I = 73,
-                     L = 76, M = 77, N = 78, O = 79, P = 80, R = 82, T = 84, U = 85, W = 87, Y = 89;
+                     L = 76, M = 77, N = 78, O = 79, P = 80, R = 82, T = 84, U = 85, W = 87, Y = 89, F6 = 117;
 inline constexpr int Shift = 1, Control = 2, Alt = 4;
 }  // namespace Key
 

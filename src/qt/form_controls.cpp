@@ -1,17 +1,29 @@
 #include "qt/form_controls.h"
 
 #include <QLabel>
-#include <QStringList>
 #include <algorithm>
 #include <ranges>
+#include <string_view>
 #include <utility>
 
+#include "qt/focus_step.h"
 #include "qt/text.h"
 #include "qt/view_factory.h"
 
 namespace tabulon {
 
-FormControls::FormControls(Form& form, ViewHost& host, QWidget& window) : m_form(form), m_window(window) {
+namespace {
+
+/// The name of the array that the control belongs to, else its own.
+std::string_view ArrayOf(const Control& control) {
+    const std::string_view name = control.Name;
+    return name.substr(0, name.find('('));
+}
+
+}  // namespace
+
+FormControls::FormControls(Form& form, ViewHost& host, QWidget& window)
+    : m_form(form), m_window(window), m_spoken(form, window) {
     for (Control* control : form.Controls) AddView(*control, host);
     NameInputs();
 }
@@ -21,7 +33,7 @@ void FormControls::Sync(float twipsPerPixel) {
     m_syncing = true;
     for (const auto& view : m_views) view->Sync(twipsPerPixel);
     Stack();
-    if (!m_hasTabOrder) SetTabOrder();
+    m_spoken.Follow();
     if (m_focusRequests.Take(m_form.FocusRequests)) Focus(ViewOf(wanted));
     m_syncing = false;
     FollowFocus();
@@ -57,21 +69,6 @@ void FormControls::FocusFirst() {
     FollowFocus();
 }
 
-QString FormControls::TextsToRead() const {
-    std::vector<const Control*> labels;
-    for (const auto& view : m_views) {
-        const Control& control = view->TheControl();
-        if (control.Kind == ControlKind::Label && control.Visible) labels.push_back(&control);
-    }
-    std::ranges::stable_sort(labels, {},
-                             [](const Control* label) { return std::pair(label->Top, label->Left); });
-    QStringList texts;
-    for (const Control* label : labels)
-        texts << PlainCaption(static_cast<const Label*>(label)->Caption).simplified();
-    texts.removeAll(QString());
-    return texts.join('\n');
-}
-
 bool FormControls::ActivateAccessKey(QChar key) {
     const auto view = WithAccessKey(key);
     if (view == m_views.cend()) return false;
@@ -86,6 +83,18 @@ FormControls::Views::const_iterator FormControls::WithAccessKey(QChar key) const
     });
 }
 
+bool FormControls::StepFocus(int key) {
+    const ControlView* const here = ViewOf(m_form.ActiveControl);
+    if (!here || !here->Widget().hasFocus() || !IsStatic(here->TheControl().Kind)) return false;
+    const std::string_view array = ArrayOf(here->TheControl());
+    std::vector<QWidget*> likes;
+    for (const auto& view : m_views)
+        if (view->TakesFocus() && ArrayOf(view->TheControl()) == array) likes.push_back(&view->Widget());
+    QWidget* const next = StepFrom(here->Widget(), likes, key);
+    if (next) next->setFocus(Qt::TabFocusReason);
+    return next;
+}
+
 void FormControls::AddView(Control& control, ViewHost& host) {
     const ControlView* container = ViewOf(control.Container);
     m_views.push_back(MakeView(control, host, container ? &container->Widget() : &m_window));
@@ -96,16 +105,6 @@ ControlView* FormControls::ViewOf(const Control* control) const {
     const auto shows = [control](const auto& view) { return &view->TheControl() == control; };
     const auto found = std::find_if(m_views.begin(), m_views.end(), shows);
     return found == m_views.end() ? nullptr : found->get();
-}
-
-void FormControls::SetTabOrder() {
-    m_hasTabOrder = true;
-    QWidget* before = nullptr;
-    for (const auto& view : m_views) {
-        if (view->Widget().focusPolicy() == Qt::NoFocus) continue;
-        if (before) QWidget::setTabOrder(before, &view->Widget());
-        before = &view->Widget();
-    }
 }
 
 /// A label tells a screen reader what the input behind it is for.

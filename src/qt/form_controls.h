@@ -1,12 +1,12 @@
 #pragma once
 
 #include <QChar>
-#include <QString>
 #include <memory>
 #include <vector>
 
 #include "forms/form.h"
 #include "qt/control_view.h"
+#include "qt/spoken_texts.h"
 
 namespace tabulon {
 
@@ -19,8 +19,9 @@ class FormControls {
     /// The form learns which control has the focus.
     void FollowFocus();
     void FocusFirst();
-    /// The texts of the form, such as a question and its answers, one a line, from the top down.
-    QString TextsToRead() const;
+    /// Moves the focus from a name, a piece or an answer to another one of its array; false for any other
+    /// key.
+    bool StepFocus(int key);
     /// Uses the first control that is in view and has this access key; false when there is none.
     bool ActivateAccessKey(QChar key);
     bool HasAccessKey(QChar key) const { return WithAccessKey(key) != m_views.cend(); }
@@ -32,7 +33,6 @@ class FormControls {
     void Focus(ControlView* view);
     void AddView(Control& control, ViewHost& host);
     ControlView* ViewOf(const Control* control) const;
-    void SetTabOrder();
     void NameInputs();
     void Stack();
     Views::const_iterator WithAccessKey(QChar key) const;
@@ -40,10 +40,10 @@ class FormControls {
 
     Form& m_form;
     QWidget& m_window;
+    SpokenTexts m_spoken;
     Views m_views;
     std::vector<ControlView*> m_stack;  // from the back to the front
     Applied<int> m_focusRequests;
-    bool m_hasTabOrder = false;
     bool m_syncing = false;
 };
 

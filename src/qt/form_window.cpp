@@ -75,7 +75,6 @@ void FormWindow::ShowAbove(QWidget* above, Modality modality) {
     windowHandle()->installEventFilter(this);
     if (above && m_frame != WindowFrame::FullScreen)
         windowHandle()->setTransientParent(above->windowHandle());
-    setAccessibleDescription(m_controls.TextsToRead());
     show();
     raise();
     activateWindow();
@@ -95,11 +94,11 @@ void FormWindow::Retire() {
 
 bool FormWindow::WaitsFor(const QKeyEvent& press) const {
     if (!m_form) return false;
-    if ((m_form->KeyDown || m_form->KeyUp) && KeyCodeOf(press) != 0) return true;
-    const QChar accessKey = AccessKeyOf(press);
-    if (!accessKey.isNull()) return m_controls.HasAccessKey(accessKey);
     const QWidget* focused = focusWidget();
-    return focused && focused->isEnabled();
+    const bool isOpen = focused && focused->isEnabled();
+    const QChar accessKey = AccessKeyOf(press);
+    if (accessKey.isNull()) return isOpen;
+    return m_controls.HasAccessKey(accessKey) || (isOpen && m_form->KeyDown);
 }
 
 void FormWindow::Deliver(std::function<void()> call) {
@@ -158,6 +157,12 @@ void FormWindow::paintEvent(QPaintEvent*) {
 void FormWindow::mouseMoveEvent(QMouseEvent* event) {
     if (!m_form || !m_form->MouseMove || childAt(event->position().toPoint())) return;
     DeliverMove([this] { m_form->MouseMove(); });
+}
+
+/// What the control with the focus had no use for.
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+    const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (!m_form || !plain || !m_controls.StepFocus(event->key())) QWidget::keyPressEvent(event);
 }
 
 void FormWindow::SyncFrame(float twipsPerPixel) {

@@ -45,6 +45,7 @@ class FormWindow final : public QWidget, public ViewHost {
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     void SyncFrame(float twipsPerPixel);

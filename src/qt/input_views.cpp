@@ -1,6 +1,7 @@
 #include "qt/input_views.h"
 
 #include <QAbstractItemView>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QStyleOptionComboBox>
@@ -165,6 +166,22 @@ ListBoxView::ListBoxView(ListBox& list, ViewHost& host, QWidget* parent)
     connect(&m_list, &QListWidget::itemSelectionChanged, this, [this] { TakeSelection(); });
     connect(&m_list, &QListWidget::itemDoubleClicked, this,
             [this] { DeliverUse([] {}, TheData().DblClick); });
+}
+
+bool ListBoxView::eventFilter(QObject* watched, QEvent* event) {
+    const bool isKey = event->type() == QEvent::KeyPress;
+    if (isKey && SelectsFocusedRow(static_cast<QKeyEvent*>(event)->key())) return true;
+    return ControlView::eventFilter(watched, event);
+}
+
+/// The list gives a row the focus without selecting it. A key that would leave that row, or stay on it for
+/// want of another, selects it first.
+bool ListBoxView::SelectsFocusedRow(int key) {
+    const bool isArrow = key >= Qt::Key_Left && key <= Qt::Key_Down;
+    const bool leads = isArrow || key == Qt::Key_Home || key == Qt::Key_PageUp;
+    if (!leads || !m_list.currentItem() || !m_list.selectedItems().isEmpty()) return false;
+    m_list.setCurrentItem(m_list.currentItem(), QItemSelectionModel::Select);
+    return isArrow;
 }
 
 void ListBoxView::TakeSelection() {

@@ -77,6 +77,7 @@ class ComboBoxView final : public ViewOf<ComboBox> {
 class ListBoxView final : public ViewOf<ListBox> {
   public:
     ListBoxView(ListBox& list, ViewHost& host, QWidget* parent);
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   protected:
     void SyncOwn() override;
@@ -84,6 +85,7 @@ class ListBoxView final : public ViewOf<ListBox> {
   private:
     void ApplyRows();
     void TakeSelection();
+    bool SelectsFocusedRow(int key);
 
     QListWidget& m_list;
     Applied<std::vector<ListRow>> m_rows;

@@ -17,6 +17,8 @@ int KeyCodeOf(const QKeyEvent& event) {
             return Key::Escape;
         case Qt::Key_Space:
             return Key::Space;
+        case Qt::Key_F6:
+            return Key::F6;
         default:
             return 0;
     }

@@ -50,6 +50,9 @@ template <class Data>
 void StaticView<Data>::SetReachable(bool showsSomething) {
     const bool clickable = showsSomething && this->TheData().Click;
     const bool reachable = clickable && this->TheData().TabStop;
+    auto& pressable = dynamic_cast<Pressable&>(this->Widget());
+    if (clickable != bool{pressable.press})
+        pressable.press = clickable ? [this] { this->DeliverClick(); } : std::function<void()>();
     this->Widget().setCursor(clickable ? Qt::PointingHandCursor : Qt::ArrowCursor);
     this->Widget().setFocusPolicy(reachable ? Qt::TabFocus : Qt::NoFocus);
 }
@@ -166,7 +169,10 @@ PictureBoxView::PictureBoxView(PictureBox& box, ViewHost& host, QWidget* parent)
     : StaticView(box, host, new PictureWidget(host.Pictures(), parent)),
       m_picture(static_cast<PictureWidget&>(Widget())) {}
 
+/// A picture that has a name is there to be read in words: Tab comes to it.
 void PictureBoxView::SyncOwn() {
+    const bool readable = TheData().TabStop && !TheData().AccessibleName.empty();
+    Widget().setFocusPolicy(readable ? Qt::TabFocus : Qt::NoFocus);
     if (m_shown.Take(TheData().Picture)) m_picture.Show(TheData().Picture);
 }
 

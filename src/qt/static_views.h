@@ -7,7 +7,12 @@
 
 namespace tabulon {
 
-/// A control that the user looks at, and may click.
+/// What a screen reader presses.
+struct Pressable {
+    std::function<void()> press;  // empty where nothing can be clicked
+};
+
+/// A control that the user looks at, and may click. Its widget is Pressable.
 template <class Data>
 class StaticView : public ViewOf<Data> {
   public:
@@ -26,7 +31,7 @@ class StaticView : public ViewOf<Data> {
 };
 
 /// Text over what stands behind it. Its QLabel holds the text as it is read, and paints the caption.
-class LabelWidget final : public QLabel {
+class LabelWidget final : public QLabel, public Pressable {
   public:
     explicit LabelWidget(QWidget* parent);
     void SetCaption(const std::string& caption);
@@ -62,7 +67,7 @@ class LabelView final : public StaticView<Label> {
 };
 
 /// A picture stretched over the whole widget.
-class PictureWidget final : public QWidget {
+class PictureWidget final : public QWidget, public Pressable {
   public:
     PictureWidget(PictureStore& store, QWidget* parent);
     void Show(const Picture& picture);

@@ -60,5 +60,24 @@ TEST_F(RollReader, NamesTheFacesOfSeveralDice) {
     EXPECT_EQ(HeardAfter(8), "Ann has 8 (3 and 5).");
 }
 
+TEST(BoardReaderTest, IsReachedByAKeyWhichAlsoLeadsBackToTheTurn) {
+    PlayTable table;
+    MainForm& form = table.Form();
+    form.ActiveControl = &form.cmdHelp;
+    const std::pair<Control*, Control*> rows[] = {// the only turn button that can be used, and where it leads
+                                                  {&form.cmdRoll, &form.cmdRoll},
+                                                  {&form.cmdPass, &form.cmdPass},
+                                                  {nullptr, &form.cmdNew}};
+    for (const auto& [usable, next] : rows) {
+        for (Control* button : {&form.cmdRoll, &form.cmdSpin, &form.cmdPass})
+            button->Visible = button->Enabled = button == usable;
+        EXPECT_TRUE(form.KeyDown(Key::F6, 0));
+        EXPECT_EQ(form.ActiveControl, &form.picMainBoard);
+        EXPECT_TRUE(form.KeyDown(Key::F6, 0));
+        EXPECT_EQ(form.ActiveControl, next);
+    }
+    EXPECT_FALSE(form.KeyDown(Key::R, 0));
+}
+
 }  // namespace
 }  // namespace tabulon::test

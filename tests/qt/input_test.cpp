@@ -118,6 +118,30 @@ TEST_F(Input, RowsReachTheData) {
     EXPECT_EQ(calls, 2);
 }
 
+TEST_F(Input, TheRowWithTheFocusIsSelectedByTheFirstKeyThatMoves) {
+    for (const char* row : {"Anna", "Bert", "Cleo"}) form.lstPlayers.AddItem(row);
+    form.lstPlayers.Click = Count();
+    form.Load();
+    form.lstPlayers.SetFocus();
+    Show(form);
+    const std::pair<Qt::Key, int> first[] = {{Qt::Key_Home, 0},    {Qt::Key_Up, 0},     {Qt::Key_Down, 0},
+                                             {Qt::Key_Right, 0},   {Qt::Key_PageUp, 0}, {Qt::Key_End, 2},
+                                             {Qt::Key_PageDown, 2}};
+    for (const auto& [key, row] : first) {
+        form.lstPlayers.ListIndex = -1;
+        screen.PumpEvents();
+        auto& list = Find<QListWidget>(form.lstPlayers);
+        list.setCurrentRow(0,
+                           QItemSelectionModel::NoUpdate);  // as the list itself does when it gets the focus
+        calls = 0;
+        Press(form, key);
+        EXPECT_EQ(form.lstPlayers.ListIndex, row) << key;
+        EXPECT_EQ(calls, 1) << key;
+    }
+    Press(form, Qt::Key_Up);
+    EXPECT_EQ(form.lstPlayers.SelectedRow().Text, "Bert");
+}
+
 TEST_F(Input, OpeningAListTellsFirstAndShowsWhatTheHandlerAdds) {
     form.cboGame.DropDown = [this] { form.cboGame.AddItem("Race"); };
     Show(form);
@@ -247,6 +271,49 @@ TEST_F(Input, AtTheTableNobodyInheritsTheFocus) {
     screen.PumpEvents();
     ClickThere(form.cmdRoll);
     EXPECT_TRUE(Find(form.chkComputer).hasFocus()) << "a click takes no focus there";
+}
+
+TEST_F(Input, TabFollowsTheControlsAlsoWhereOneWasEmptyAtFirst) {
+    form.lblName.Click = form.imgPiece.Click = form.lblRound.Click = Count();
+    Show(form);
+    form.lblName.Caption = form.lblRound.Caption = "Ann";
+    form.imgPiece.Picture = Picture::Piece(1);
+    screen.PumpEvents();
+    for (const Control* stop :
+         std::vector<Control*>{&form.txtName, &form.cmdOk, &form.cmdRoll, &form.chkComputer, &form.cboGame,
+                               &form.lstPlayers, &form.imgPiece, &form.lblRound, &form.updPiece,
+                               &form.updPiece, &form.rtfText, &form.txtNotes, &form.lblName, &form.txtName}) {
+        EXPECT_EQ(form.ActiveControl->Name, stop->Name);
+        Press(form, Qt::Key_Tab);
+    }
+}
+
+/// Pieces in rows of three, of which the fifth cannot be chosen.
+TEST_F(Input, ArrowsGoAmongTheControlsOfOneArray) {
+    Form pieces(screen, "frmPieces");
+    ControlArray<Image, 7> imgPiece{pieces, "imgPiece"};
+    Image imgOther{pieces, "imgOther(7)"};
+    pieces.Width = pieces.Height = form.Twips(300);
+    for (int i = 0; i < 7; ++i) form.Place(imgPiece[i], i % 3 * 50, i / 3 * 50, 40, 40);
+    for (Control* piece : pieces.Controls) {
+        piece->Click = Count();
+        static_cast<Image*>(piece)->Picture = Picture::Piece(1);
+    }
+    imgPiece[4].Enabled = false;
+    pieces.Load();
+    imgPiece[0].SetFocus();
+    Show(pieces);
+    const std::pair<Qt::Key, int> steps[] = {
+        {Qt::Key_Left, 0},  {Qt::Key_Right, 1}, {Qt::Key_Down, 1}, {Qt::Key_Right, 2}, {Qt::Key_Right, 3},
+        {Qt::Key_Right, 5}, {Qt::Key_Up, 2},    {Qt::Key_Home, 0}, {Qt::Key_Down, 3},  {Qt::Key_Down, 6},
+        {Qt::Key_Right, 6}, {Qt::Key_Home, 0},  {Qt::Key_End, 6}};
+    for (const auto& [key, piece] : steps) {
+        Press(pieces, key);
+        EXPECT_EQ(pieces.ActiveControl->Name, imgPiece[piece].Name) << key;
+    }
+    Press(pieces, Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(pieces.ActiveControl, &imgPiece[6]);
+    EXPECT_EQ(calls, 0);
 }
 
 TEST_F(Input, FormSeesKeysBeforeTheControlDoes) {

@@ -197,6 +197,17 @@ void ExpectNoOverlaps(const Form& form) {
     }
 }
 
+/// Tab goes through the controls in their order, also those that are empty by now.
+void ExpectTabOrder(const Form& form, const QWidget& window) {
+    std::vector<std::string> order, stops;
+    for (const Control* control : form.Controls) order.push_back(control->Name);
+    for (const QWidget* at = window.nextInFocusChain(); at != &window; at = at->nextInFocusChain()) {
+        const std::string name = at->objectName().toStdString();
+        if (std::ranges::find(order, name) != order.end()) stops.push_back(name);
+    }
+    EXPECT_EQ(stops, order);
+}
+
 /// The keyboard can come in, and on to all that can be used.
 void ExpectFocus(const Form& form, const QWidget& window) {
     const auto takesKeys = [](const QWidget* widget) { return widget->focusPolicy() & Qt::TabFocus; };
@@ -226,6 +237,7 @@ TEST_P(RealForm, IsShownAsItsDataSay) {
             ExpectLikeItsData(form, *window);
             ExpectNoOverlaps(form);
             ExpectFocus(form, *window);
+            ExpectTabOrder(form, *window);
         }
         form.Hide();
     });
@@ -253,6 +265,7 @@ TEST(RealMainForm, IsShownAsItsDataSay) {
     ExpectLikeItsData(form, *window);
     ExpectNoOverlaps(form);
     ExpectFocus(form, *window);
+    ExpectTabOrder(form, *window);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, RealForm, testing::ValuesIn(Rows),
