@@ -163,6 +163,7 @@ void MainForm::RepositionElements() {
         }
     });
 }
+        lblName[i].UseMnemonic = false;
 
 template <class Places>
 void MainForm::Reposition(const Places& places) {

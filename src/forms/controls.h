@@ -83,7 +83,11 @@ struct Label : Control {
     Label(Form& form, std::string name, Control* container = nullptr)
         : Control(ControlKind::Label, form, std::move(name), container) {}
 
-    std::string Caption;  // "&" makes the next character an access key, "&&" shows one ampersand
+    /// The caption with access keys marked, whatever UseMnemonic says.
+    std::string MarkedCaption() const;
+
+    std::string Caption;      // "&" makes the next character an access key, "&&" shows one ampersand
+    bool UseMnemonic = true;  // unless this is false: then all shows as it stands
     tabulon::Font Font;
     Colour ForeColor = TextOnForms;
     bool Centred = false;

@@ -25,7 +25,7 @@ QString LabelBefore(const Control& control) {
     const auto& all = control.Parent.Controls;
     for (auto at = std::find(all.begin(), all.end(), &control); at != all.begin();) {
         --at;
-        if ((*at)->Kind == ControlKind::Label) return PlainCaption(static_cast<Label*>(*at)->Caption);
+        if ((*at)->Kind == ControlKind::Label) return PlainCaption(static_cast<Label*>(*at)->MarkedCaption());
     }
     return {};
 }

@@ -61,7 +61,7 @@ QString FormControls::TextsToRead() const {
                              [](const Control* label) { return std::pair(label->Top, label->Left); });
     QStringList texts;
     for (const Control* label : labels)
-        texts << PlainCaption(static_cast<const Label*>(label)->Caption).simplified();
+        texts << PlainCaption(static_cast<const Label*>(label)->MarkedCaption()).simplified();
     texts.removeAll(QString());
     return texts.join('\n');
 }

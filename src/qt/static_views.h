@@ -46,7 +46,7 @@ class LabelWidget final : public QLabel {
 class LabelView final : public StaticView<Label> {
   public:
     LabelView(Label& label, ViewHost& host, QWidget* parent);
-    std::string Caption() const override { return TheData().Caption; }
+    std::string Caption() const override { return TheData().MarkedCaption(); }
     bool ActivateByKey() override;
 
   protected:

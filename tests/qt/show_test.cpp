@@ -196,7 +196,8 @@ INSTANTIATE_TEST_SUITE_P(All, LabelRoom,
                          testing::Values(RoomRow{"LongWord", "Christopher", 88, 44},
                                          RoomRow{"WordToBreak", "HHHHHHHHHHHHHHHHHHHHHHHHHHHH", 88, 60},
                                          RoomRow{"TooLong", "HHHHHHHHHHHHHHHHHHHHHHHHHHHH", 40, 20},
-                                         RoomRow{"ManyLines", "one two three four five six", 88, 44}),
+                                         RoomRow{"ManyLines", "one two three four five six", 88, 44},
+                                         RoomRow{"OtherFont", "王小明 李大华", 88, 44}),
                          [](const auto& row) { return row.param.name; });
 
 TEST_F(Showing, EndsATextWithoutRoomInAnEllipsis) {
@@ -291,6 +292,18 @@ TEST_F(Showing, ShowsAnUnloadedFormAfresh) {
     EXPECT_EQ(Find<QLabel>(form.lblName).text(), "Again");
 }
 
+TEST_F(Showing, ANameIsShownAsItStands) {
+    form.lblName.Caption = "Tom &Ann && Co";
+    form.lblName.UseMnemonic = false;
+    Show(form);
+    EXPECT_EQ(Find<QLabel>(form.lblName).text(), "Tom &Ann && Co");
+    const QImage name = Find(form.lblName).grab().toImage();
+    form.lblName.Caption = "Tom &&Ann &&&& Co";
+    form.lblName.UseMnemonic = true;
+    screen.PumpEvents();
+    EXPECT_EQ(Find(form.lblName).grab().toImage(), name);
+}
+
 TEST_F(Showing, MeasuresTextAsLabelsWrapIt) {
     const Font font{"DejaVu Sans", 10, false};
     const auto height = [&](const char* text, int width) {
@@ -304,6 +317,14 @@ TEST_F(Showing, MeasuresTextAsLabelsWrapIt) {
     EXPECT_EQ(height("<br><br>x", 500), line);
     EXPECT_EQ(screen.MeasureText(font, "a longest a", 1).Width,
               screen.MeasureText(font, "longest", 500).Width);
+}
+
+TEST_F(Showing, MeasuresALineByItsFontWhateverLettersItHolds) {
+    const Font font{"Comic Neue", 12, false};
+    const auto height = [&](const char* text) { return screen.MeasureText(font, text, 1).Height; };
+    for (const char* word : {"王小明", "さくら", "김철수", "🦊", "שלום"})
+        EXPECT_EQ(height(word), height("Gg")) << word;
+    EXPECT_EQ(height("王小明 🦊"), height("Gg Gg"));
 }
 
 }  // namespace
