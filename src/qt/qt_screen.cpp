@@ -4,7 +4,6 @@
 #include <QScreen>
 #include <QThread>
 #include <algorithm>
-#include <cmath>
 #include <limits>
 #include <utility>
 
@@ -53,11 +52,6 @@ QtScreen::~QtScreen() {
     for (const auto& [form, window] : m_windows) delete window;
     for (const auto& window : m_retired) delete window;
     SetMousePointer(MousePointer::Default);
-}
-
-void QtScreen::PrepareDensity() {
-    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
-        Qt::HighDpiScaleFactorRoundingPolicy::RoundPreferFloor);
 }
 
 int QtScreen::Run() {
@@ -156,9 +150,7 @@ int QtScreen::WidthPixels() const { return QGuiApplication::primaryScreen()->geo
 
 int QtScreen::HeightPixels() const { return QGuiApplication::primaryScreen()->geometry().height(); }
 
-int QtScreen::LogicalPixelsPerInch() const {
-    return static_cast<int>(std::lround(QGuiApplication::primaryScreen()->logicalDotsPerInchX()));
-}
+int QtScreen::LogicalPixelsPerInch() const { return LayoutDensity(); }
 
 BoxAnswer QtScreen::MsgBox(const std::string& text, BoxIcon icon, BoxButtons buttons,
                            const std::string& title) {
