@@ -62,6 +62,7 @@ bool ControlView::eventFilter(QObject*, QEvent* event) {
     if (event->type() == QEvent::MouseMove && m_control.MouseMove &&
         !m_widget.childAt(static_cast<QMouseEvent*>(event)->position().toPoint()))
         DeliverUse([] {}, m_control.MouseMove);
+    if (event->type() == QEvent::Leave && m_control.MouseLeave) DeliverUse([] {}, m_control.MouseLeave);
     return false;
 }
 

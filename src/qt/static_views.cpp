@@ -32,6 +32,7 @@ bool StaticView<Data>::eventFilter(QObject* watched, QEvent* event) {
     if (mouse->button() != Qt::LeftButton) return true;
     const bool clicked = !isPress && m_pressed && this->Widget().rect().contains(mouse->position().toPoint());
     m_pressed = isPress;
+    ShowPressed(isPress && this->TheData().Click);
     if (clicked) this->DeliverClick();
     return true;
 }
@@ -67,6 +68,11 @@ void LabelWidget::SetCaption(const std::string& caption) {
     QAccessible::updateAccessibility(&shown);
 }
 
+void LabelWidget::SetPressed(bool pressed) {
+    m_pressed = pressed;
+    update();
+}
+
 bool LabelWidget::IsOnlyHeard() const {
     return !geometry().isEmpty() && !geometry().intersects(parentWidget()->rect());
 }
@@ -76,7 +82,7 @@ void LabelWidget::paintEvent(QPaintEvent*) {
     // Room for the ring.
     const int margin = focusPolicy() == Qt::NoFocus || (alignment() & Qt::AlignHCenter) ? 0 : FocusMargin;
     PaintCaption(painter, rect().adjusted(margin, 0, -margin, 0));
-    if (hasFocus()) Look::DrawFocusRing(painter, rect());
+    if (hasFocus() || m_pressed) Look::DrawFocusRing(painter, rect());
 }
 
 /// The size of the letters was chosen by height alone, so a word may be wider than the label. It gets smaller

@@ -18,6 +18,8 @@ class StaticView : public ViewOf<Data> {
   protected:
     /// What can be clicked and shows something is reached by Tab, and clicked by Enter and Space.
     void SetReachable(bool showsSomething);
+    /// What can be clicked is held down, or no longer.
+    virtual void ShowPressed(bool /*pressed*/) {}
 
   private:
     bool ClickByKey(const QEvent& event);
@@ -30,6 +32,7 @@ class LabelWidget final : public QLabel {
   public:
     explicit LabelWidget(QWidget* parent);
     void SetCaption(const std::string& caption);
+    void SetPressed(bool pressed);
     /// A label outside of its window is there to be heard: a screen reader reads each new caption.
     bool IsOnlyHeard() const;
 
@@ -41,6 +44,7 @@ class LabelWidget final : public QLabel {
     void PaintCaption(QPainter& painter, const QRect& room) const;
 
     QString m_caption;
+    bool m_pressed = false;
 };
 
 class LabelView final : public StaticView<Label> {
@@ -51,6 +55,7 @@ class LabelView final : public StaticView<Label> {
 
   protected:
     void SyncOwn() override;
+    void ShowPressed(bool pressed) override { m_label.SetPressed(pressed); }
     bool HasNameOfItsOwn() const override { return true; }
 
   private:

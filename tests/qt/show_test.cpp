@@ -172,6 +172,20 @@ TEST_F(Showing, AButtonLooksDifferentInEachOfItsStates) {
     }
 }
 
+TEST_F(Showing, ALabelShowsThatItIsHeldDown) {
+    form.lblName.Caption = "A)";
+    for (const bool clickable : {false, true}) {
+        form.lblName.Click = clickable ? [] {} : std::function<void()>();
+        Show(form);
+        QWidget& label = Find(form.lblName);
+        const QImage before = label.grab().toImage();
+        QTest::mousePress(&label, Qt::LeftButton);
+        EXPECT_EQ(label.grab().toImage() != before, clickable);
+        QTest::mouseRelease(&label, Qt::LeftButton);
+        EXPECT_EQ(label.grab().toImage(), before);
+    }
+}
+
 struct RoomRow {
     const char* name;
     const char* caption;
