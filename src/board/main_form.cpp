@@ -126,6 +126,12 @@ void MainForm::DesignBoard() {
     for (Image& piece : imgPlayingPiece) piece.Move(0, 0, 33, 33);
     for (Image& die : imgDice) {
         die.Move(0, 0, 49, 49);
+    cmdNew.Twin = &cmdFakeNew;
+    cmdLoadGame.Twin = &cmdFakeLoadGame;
+    cmdSaveGame.Twin = &cmdFakeSaveGame;
+    cmdHelp.Twin = &cmdFakeHelp;
+    cmdQuit.Twin = &cmdFakeQuit;
+    cmdRoll.Twin = cmdSpin.Twin = cmdPass.Twin = &cmdFakeRoll;
         die.Visible = false;
     }
 }

@@ -68,6 +68,7 @@ struct Control {
     float Width = 0;
     float Height = 0;
     bool Visible = true;
+    bool Withheld = false;  // shows nothing, whatever Visible says
     bool Enabled = true;
     bool TabStop = true;
     int ZOrder = 0;  // the higher is in front
@@ -112,6 +113,7 @@ struct PictureButton : Control {
     std::string Caption;
     tabulon::Font FontTextCaption;
     tabulon::Picture Picture;
+    const Button* Twin = nullptr;  // out of sight; its access key does the same
 };
 
 struct TextBox : Control {

@@ -82,10 +82,12 @@ void ControlView::SyncCommon(float twipsPerPixel) {
     const QRect place = Place(twipsPerPixel);
     if (m_place.Take(place)) m_widget.setGeometry(place);
     if (m_enabled.Take(m_control.Enabled)) m_widget.setEnabled(m_control.Enabled);
-    if (m_visible.Take(m_control.Visible)) m_widget.setVisible(m_control.Visible);
-    if (!m_toolTip.Take(m_control.ToolTipText)) return;
-    m_widget.setToolTip(ToolTip(m_control.ToolTipText));
-    m_widget.setAccessibleDescription(ToQt(m_control.ToolTipText));
+    const bool shows = m_control.Visible && !m_control.Withheld;
+    if (m_visible.Take(shows)) m_widget.setVisible(shows);
+    const std::string toolTip = ToolTipText();
+    if (!m_toolTip.Take(toolTip)) return;
+    m_widget.setToolTip(ToolTip(toolTip));
+    m_widget.setAccessibleDescription(ToQt(toolTip));
 }
 
 void ControlView::SyncNames() {

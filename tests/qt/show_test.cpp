@@ -172,6 +172,22 @@ TEST_F(Showing, AButtonLooksDifferentInEachOfItsStates) {
     }
 }
 
+TEST_F(Showing, AToolTipNamesTheKeyOfTheTwinThatHasIt) {
+    form.cmdRoll.ToolTipText = "Roll the dice";
+    form.cmdRoll.Twin = &form.cmdFakeRoll;
+    Show(form);
+    const std::tuple<const char*, const char*, const char*> rows[] = {
+        {"", "&Ok", "Roll the dice"},
+        {"&Roll Dice", "&Ok", "Roll the dice (Alt+R)"},
+        {"&Roll Dice", "&Remove", "Roll the dice"}};
+    for (const auto& [twin, before, tip] : rows) {
+        form.cmdFakeRoll.Caption = twin;
+        form.cmdOk.Caption = before;
+        screen.PumpEvents();
+        EXPECT_EQ(Find(form.cmdRoll).toolTip(), tip);
+    }
+}
+
 TEST_F(Showing, ALabelShowsThatItIsHeldDown) {
     form.lblName.Caption = "A)";
     for (const bool clickable : {false, true}) {
