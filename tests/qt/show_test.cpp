@@ -172,6 +172,23 @@ TEST_F(Showing, AButtonLooksDifferentInEachOfItsStates) {
     }
 }
 
+TEST_F(Showing, WhatIsDisabledHasAnotherGround) {
+    form.cboGame.AddItem("Tuesday");
+    form.cboGame.ListIndex = 0;
+    Show(form);
+    for (Control* control : std::initializer_list<Control*>{&form.cboGame, &form.txtName, &form.txtNotes,
+                                                            &form.lstPlayers, &form.cmdOk, &form.updPiece}) {
+        const auto ground = [&] {
+            screen.PumpEvents();
+            const QImage image = Find(*control).grab().toImage();
+            return image.pixelColor(image.width() / 3, image.height() - 5);
+        };
+        const QColor enabled = ground();
+        control->Enabled = false;
+        EXPECT_NE(ground(), enabled) << control->Name;
+    }
+}
+
 TEST_F(Showing, AToolTipNamesTheKeyOfTheTwinThatHasIt) {
     form.cmdRoll.ToolTipText = "Roll the dice";
     form.cmdRoll.Twin = &form.cmdFakeRoll;
