@@ -78,8 +78,8 @@ struct Control {
 
     std::function<void()> Click;
     std::function<void()> MouseMove;
-};
     std::function<void()> MouseLeave;
+};
 
 struct Label : Control {
     Label(Form& form, std::string name, Control* container = nullptr)

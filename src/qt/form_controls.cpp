@@ -55,7 +55,8 @@ QString FormControls::TextsToRead() const {
     std::vector<const Control*> labels;
     for (const auto& view : m_views) {
         const Control& control = view->TheControl();
-        if (control.Kind == ControlKind::Label && control.Visible) labels.push_back(&control);
+        if (control.Kind == ControlKind::Label && control.Visible && !control.Withheld)
+            labels.push_back(&control);
     }
     std::ranges::stable_sort(labels, {},
                              [](const Control* label) { return std::pair(label->Top, label->Left); });

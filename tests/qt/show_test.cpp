@@ -205,6 +205,15 @@ TEST_F(Showing, AToolTipNamesTheKeyOfTheTwinThatHasIt) {
     }
 }
 
+TEST_F(Showing, WithholdsAControlWithoutHidingIt) {
+    Show(form);
+    for (const bool withheld : {true, false}) {
+        form.lblName.Withheld = withheld;
+        screen.PumpEvents();
+        EXPECT_EQ(Find(form.lblName).isVisible(), !withheld);
+    }
+}
+
 TEST_F(Showing, ALabelShowsThatItIsHeldDown) {
     form.lblName.Caption = "A)";
     for (const bool clickable : {false, true}) {
