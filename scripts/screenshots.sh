@@ -11,7 +11,7 @@ cmake --preset "${PRESET:-release}" > /dev/null
 cmake --build --preset "${PRESET:-release}"
 
 mkdir -p "$folder"
-for screen in "1024x768 1" "1920x1080 1" "3840x2160 2"; do
+for screen in "1024x600 1" "1024x768 1" "1920x1080 1" "3840x2160 2"; do
     read -r size scale <<< "$screen"
     for dpi in 96 120; do
         /usr/bin/python3 -B tests/e2e/screenshots.py "$build" "$folder/$size-$dpi" \

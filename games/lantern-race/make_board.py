@@ -25,15 +25,11 @@ QUIET, SPECIAL = ("#FFFBEF", "#EBDDBE"), ("#E3D3FA", "#A98BDD")
 LOOKS = {
     "nothing": QUIET,
     "forward": GOOD,
-    "gain-points": GOOD,
     "extra-turns": GOOD,
     "go-to": GOOD,
     "back": BAD,
     "to-start": BAD,
-    "lose-points": BAD,
     "lose-turns": BAD,
-    "pay-each-player": SPECIAL,
-    "collect-from-each": GOOD,
     "roll-double": SPECIAL,
     "roll-number": SPECIAL,
 }

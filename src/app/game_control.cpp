@@ -172,6 +172,7 @@ void GameControl::StartLoadedGame() {
     Procedure(m_g.gErrHandler, "frmMain:StartLoadedGame", [&] {
         m_parts.dlgPlayers.Load();
         ClearStateForLoadedGame();
+        m_form.ShowPlates();
         for (int seat = 1; seat <= m_form.State.PlayerCount.Value(); ++seat) FillLoadedPlate(seat);
         BeginLoadedGame();
         ShowPlayingCaption();

@@ -28,6 +28,10 @@ DlgDrawCard::DlgDrawCard(Globals& g, FrmGameMusic& music, DlgMsgOk& dlgMsgOk)
     for (int i = 0; i < RowCount; ++i) {
         lblIdentifier[i].Click = [this, i] { lblIdentifier_Click(i); };
         lblAnswer[i].Click = [this, i] { lblAnswer_Click(i); };
+        for (Label* part : {&lblIdentifier[i], &lblAnswer[i]}) {
+            part->MouseMove = [this, i] { LightAnswer(i, !IsComputer); };
+            part->MouseLeave = [this, i] { LightAnswer(i, false); };
+        }
     }
     Timer1.Tick = [this] { Timer1_Timer(); };
     KeyUp = [this](int code, int) { return Form_KeyUp(code); };
@@ -47,7 +51,8 @@ void DlgDrawCard::Design() {
         lblIdentifier[i].ForeColor = TextOnPaper;
         lblIdentifier[i].Centred = true;
         lblIdentifier[i].TabStop = false;
-        imgAnswer[i].Picture = Picture::Product("product/answer");
+        LightAnswer(i, false);
+        imgAnswer[i].Border = false;
         imgAnswer[i].Visible = lblIdentifier[i].Visible = lblAnswer[i].Visible = true;
     }
     imgBottom.Picture = Picture::Product("product/card-bottom");
@@ -120,6 +125,10 @@ void DlgDrawCard::RepositionObjects() {
     });
 }
 
+void DlgDrawCard::LightAnswer(int index, bool lit) {
+    imgAnswer[index].Picture = Picture::Product(lit ? "product/answer-lit" : "product/answer");
+}
+
 void DlgDrawCard::lblAnswer_Click(int Index) {
     Procedure(m_g.gErrHandler, "dlgDrawCard:lblAnswer_Click", [&] {
         if (!IsComputer) lblIdentifier_Click(Index);
@@ -186,6 +195,7 @@ void DlgDrawCard::ToggleTimerState() {
 void DlgDrawCard::ChooseAnswer(int Index) {
     Procedure(m_g.gErrHandler, "dlgDrawCard:ChooseAnswer", [&] {
         if (Index < 0 || Index >= RowCount) return;
+        imgAnswer[Index].Border = true;
         if (AnswerChosen) AnswerChosen(Index);
         if (Card->CorrectAnswer == Index) {
             CorrectResponse();

@@ -49,6 +49,7 @@ class DlgDrawCard : public Form {
     void RepositionElements();
     void RepositionObjects();
     void FillTexts();
+    void LightAnswer(int index, bool lit);
     void lblAnswer_Click(int Index);
     void lblIdentifier_Click(int Index);
     bool Form_KeyUp(int KeyCode);

@@ -162,7 +162,7 @@ void DlgPlayers::txtPlayerName_Change() {
             cmdAdd.Enabled = cmdChange.Enabled = false;
             return;
         }
-        cmdAdd.Enabled = true;
+        cmdAdd.Enabled = PlayerCount < MaxSeats;
         std::string text = txtPlayerName.Text;
         if (std::erase_if(text, [](char c) { return c == '\n' || c == '\r'; }) > 0)
             txtPlayerName.SetText(text);
@@ -172,7 +172,7 @@ void DlgPlayers::txtPlayerName_Change() {
 
 void DlgPlayers::cmdAdd_Click() {
     Procedure(m_g.gErrHandler, "dlgPlayers:cmdAdd_Click", [&] {
-        if (txtPlayerName.Text.empty()) return;
+        if (txtPlayerName.Text.empty() || PlayerCount >= MaxSeats) return;
         ++PlayerCount;
         const Integer last = PlayerCount - 1;
         Names.ReDimPreserve(last.Value());

@@ -74,6 +74,7 @@ void DlgPlayers::DesignPlayers() {
         imgHolder[i].TabStop = false;  // the row's name does the same
         imgHolder[i].ToolTipText = std::string(Ordinals[i]) + " player's playing piece";
         lblHolder[i].Caption.clear();
+        lblHolder[i].UseMnemonic = false;
         lblHolder[i].AccessibleName.clear();
         lblHolder[i].Font.Bold = true;
         lblHolder[i].ForeColor = {};

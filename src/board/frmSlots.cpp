@@ -62,6 +62,7 @@ void FrmSlots::Design() {
         picSlotView[i].Visible = imgFrame[i].Visible = true;
         imgSlot[2 * i].Move(0, 0, ViewSize, ViewSize);
         imgSlot[2 * i + 1].Move(0, ViewSize, ViewSize, ViewSize);
+        imgSlot[2 * i].Picture = imgSlot[2 * i + 1].Picture = {};
     }
 }
 

@@ -1,15 +1,20 @@
 #include "board/main_form.h"
 
+#include <algorithm>
+
 namespace tabulon {
 
 namespace {
 
 constexpr float DesignTwipsPerPixel = 15;
 constexpr int RightColumn = 177;
-constexpr int FirstPlateGap = 10;
+constexpr int FirstPlateTop = 181 + 10;
 constexpr int PlateGap = 32;
 constexpr int CharacterSize = 64;
-constexpr int PlateStep = CharacterSize + PlateGap;
+constexpr int SmallestCharacter = 38;
+constexpr int LowestPoints = 18;  // one line
+constexpr int CharacterLeft = 632;
+constexpr int AboveCharacter = 12, BelowCharacter = 16;  // what a plate reaches beyond its piece
 constexpr const char* Ordinals[] = {"First", "Second", "Third", "Fourth", "Fifth", "Sixth"};
 
 struct Place {
@@ -17,14 +22,27 @@ struct Place {
     int Left, Top, Width, Height;
 };
 
-/// What stands on one plate, in pixels; the labels are as high as a name and an amount of one word a line
-/// need.
-std::vector<Place> PlatePlaces(MainForm& form, int index) {
-    const int top = 181 + FirstPlateGap + index * PlateStep;
-    return {{&form.imgPlate[index], 622, top - 12, 176, 92},
-            {&form.imgCharacter[index], 632, top, CharacterSize, CharacterSize},
-            {&form.lblName[index], 703, top - 4, 88, 44},
-            {&form.lblPoints[index], 703, top + 42, 88, 34}};
+/// What stands on one plate, in pixels, with a piece of that size; beside one of full size the labels are as
+/// high as a name and an amount of one word a line need.
+std::vector<Place> PlatePlaces(MainForm& form, int index, int character = CharacterSize) {
+    const int top = FirstPlateTop + index * (character + PlateGap);
+    const int labels = CharacterLeft + character + 7;
+    const int points =
+        LowestPoints + (character - SmallestCharacter) * 16 / (CharacterSize - SmallestCharacter);
+    const int name = character + 14 - points;
+    const int width = 791 - labels;
+    return {{&form.imgPlate[index], CharacterLeft - 10, top - AboveCharacter, 176,
+             AboveCharacter + character + BelowCharacter},
+            {&form.imgSeat[index], CharacterLeft, top - 7, character + 2, character + 18},
+            {&form.imgCharacter[index], CharacterLeft, top, character, character},
+            {&form.lblName[index], labels, top - 4, width, name},
+            {&form.lblPoints[index], labels, top - 2 + name, width, points}};
+}
+
+/// The size of a piece that lets all plates stand on a screen of that height.
+int CharacterSizeOn(int screenHeight) {
+    const int room = screenHeight - FirstPlateTop - BelowCharacter - (MaxSeats - 1) * PlateGap;
+    return std::clamp(room / MaxSeats, SmallestCharacter, CharacterSize);
 }
 
 /// Where the controls of the form itself stand by design, in pixels.
@@ -108,6 +126,12 @@ void MainForm::DesignButtons() {
     MakeTwin(cmdFakeHelp, "&Help");
     MakeTwin(cmdFakeQuit, "&Quit");
     MakeTwin(cmdFakeRoll, "");
+    cmdNew.Twin = &cmdFakeNew;
+    cmdLoadGame.Twin = &cmdFakeLoadGame;
+    cmdSaveGame.Twin = &cmdFakeSaveGame;
+    cmdHelp.Twin = &cmdFakeHelp;
+    cmdQuit.Twin = &cmdFakeQuit;
+    cmdRoll.Twin = cmdSpin.Twin = cmdPass.Twin = &cmdFakeRoll;
 }
 
 void MainForm::DesignBoard() {
@@ -135,9 +159,11 @@ void MainForm::DesignPlates() {
         const std::string ordinal = Ordinals[i];
         DesignPlace(PlatePlaces(*this, i));
         imgPlate[i].Picture = Picture::Product("product/plate");
-        imgPlate[i].Visible = false;
+        imgSeat[i].Picture = Picture::Product("product/plate-seat");
+        imgPlate[i].Visible = imgSeat[i].Visible = false;
         imgCharacter[i].ToolTipText = ordinal + " player's playing piece";
         lblName[i].ToolTipText = ordinal + " player's name";
+        lblName[i].UseMnemonic = false;
         lblName[i].Font = {"Comic Neue", 12, true};
         lblName[i].ForeColor = PlateColour::Other;
         lblPoints[i].ToolTipText = ordinal + " player's points";
@@ -174,7 +200,7 @@ void MainForm::ColourPlate(Integer seat, Colour colour) {
     const Integer plate = seat - 1;
     const bool current = colour == PlateColour::Current;
     imgPlate[plate].Picture = Picture::Product(current ? "product/plate-current" : "product/plate");
-    imgPlate[plate].Visible = seat <= State.PlayerCount;
+    imgSeat[plate].Picture = Picture::Product(current ? "product/plate-seat-current" : "product/plate-seat");
     lblName[plate].ForeColor = lblPoints[plate].ForeColor = colour;
 }
 
@@ -184,6 +210,15 @@ void MainForm::FocusTurnButton() {
         if (button->Enabled && button->Visible && !State.GameOver) next = button;
     }
     next->SetFocus();
+}
+
+void MainForm::ShowPlates() {
+    for (int i = 0; i < MaxSeats; ++i) {
+        imgPlate[i].Visible = imgSeat[i].Visible = true;
+        for (Control* part : std::initializer_list<Control*>{&imgPlate[i], &imgSeat[i], &imgCharacter[i],
+                                                             &lblName[i], &lblPoints[i]})
+            part->Withheld = i >= State.PlayerCount.Value();
+    }
 }
 
 void MainForm::ResizeObjects() {
@@ -226,16 +261,22 @@ void MainForm::PlaceBoard(float screenHeight) {
     imgStripEnd.Height = imgBoardStrip.Top;
 }
 
+/// Which plate the labels of a seat stand on is a matter of the game, so all parts keep their rows.
 void MainForm::PlacePlates() {
+    const int character = CharacterSizeOn(m_g.TheScreen.HeightPixels());
+    const float step = imgCharacter[1].Top - imgCharacter[0].Top;
+    const float growth = Y(character + PlateGap) - step;
+    const float left = picMainBoard.Width + X(15 - CharacterLeft);
     for (int i = 0; i < MaxSeats; ++i) {
-        Image& character = imgCharacter[i];
-        character.Left = picMainBoard.Width + X(15);
-        character.Top = i == 0 ? imgRound.Top + imgRound.Height + Y(FirstPlateGap)
-                               : imgCharacter[i - 1].Top + imgCharacter[i - 1].Height + Y(PlateGap);
-        imgPlate[i].Left = character.Left - X(10);
-        imgPlate[i].Top = character.Top - Y(12);
-        lblName[i].Left = character.Left + character.Width + X(7);
-        lblPoints[i].Left = lblName[i].Left;
+        const float nameHeight = lblName[i].Height;
+        for (const Place& place : PlatePlaces(*this, i, character)) {
+            Control& part = *place.Object;
+            part.Left = left + X(place.Left);
+            part.Top += growth * std::floor((part.Top - Y(FirstPlateTop - AboveCharacter)) / step);
+            part.Width = X(place.Width);
+            part.Height = Y(place.Height);
+        }
+        lblPoints[i].Top += lblName[i].Height - nameHeight;
     }
 }
 

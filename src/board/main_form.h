@@ -23,8 +23,9 @@ class MainForm : public Form {
     /// Fits the form to the screen. A minimised form is left alone.
     void ResizeObjects();
 
-    /// Colours the text of a seat's plate. The ground of the current player's stands out besides, and those
-    /// of seats that are not in the game are hidden.
+    /// Shows the plates of the seats in the game, and nothing of what another game left on the others.
+    void ShowPlates();
+    /// Colours the text of a seat's plate. The ground of the current player's stands out besides.
     void ColourPlate(Integer seat, Colour colour);
 
     /// Puts the focus where the user goes on: on the visible button of the turn, or on New when nobody has one.
@@ -98,6 +99,7 @@ class MainForm : public Form {
     Label lblSpoken{*this, "lblSpoken"};
 
     ControlArray<Image, MaxSeats> imgPlate{*this, "imgPlate"};
+    ControlArray<Image, MaxSeats> imgSeat{*this, "imgSeat"};
     ControlArray<Image, MaxSeats> imgCharacter{*this, "imgCharacter"};
     ControlArray<Label, MaxSeats> lblName{*this, "lblName"};
     ControlArray<Label, MaxSeats> lblPoints{*this, "lblPoints"};

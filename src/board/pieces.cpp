@@ -21,6 +21,7 @@ void Pieces::SetPlayerNames(bool& Result) {
         }
         state.Points.ReDim(state.PlayerCount);
         for (int i = 0; i < state.PlayerCount.Value(); ++i) FillPlate(i);
+        m_form.ShowPlates();
         Result = true;
     });
 }

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "forms/form.h"
+#include "platform/text.h"
 
 namespace tabulon {
 
@@ -25,6 +26,8 @@ void Control::SetFocus() {
     Parent.ActiveControl = this;
     ++Parent.FocusRequests;
 }
+
+std::string Label::MarkedCaption() const { return UseMnemonic ? Caption : DoubleAmpersands(Caption); }
 
 void TextBox::SetText(std::string text) {
     Text = std::move(text);

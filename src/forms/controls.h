@@ -68,6 +68,7 @@ struct Control {
     float Width = 0;
     float Height = 0;
     bool Visible = true;
+    bool Withheld = false;  // shows nothing, whatever Visible says
     bool Enabled = true;
     bool TabStop = true;
     int ZOrder = 0;  // the higher is in front
@@ -77,13 +78,18 @@ struct Control {
 
     std::function<void()> Click;
     std::function<void()> MouseMove;
+    std::function<void()> MouseLeave;
 };
 
 struct Label : Control {
     Label(Form& form, std::string name, Control* container = nullptr)
         : Control(ControlKind::Label, form, std::move(name), container) {}
 
-    std::string Caption;  // "&" makes the next character an access key, "&&" shows one ampersand
+    /// The caption with access keys marked, whatever UseMnemonic says.
+    std::string MarkedCaption() const;
+
+    std::string Caption;      // "&" makes the next character an access key, "&&" shows one ampersand
+    bool UseMnemonic = true;  // unless this is false: then all shows as it stands
     tabulon::Font Font;
     Colour ForeColor = TextOnForms;
     bool Centred = false;
@@ -107,6 +113,7 @@ struct PictureButton : Control {
     std::string Caption;
     tabulon::Font FontTextCaption;
     tabulon::Picture Picture;
+    const Button* Twin = nullptr;  // out of sight; its access key does the same
 };
 
 struct TextBox : Control {

@@ -1,4 +1,3 @@
-#include <QApplication>
 #include <cstdlib>
 #include <iostream>
 
@@ -9,6 +8,7 @@
 #include "platform/smtp_mail.h"
 #include "platform/text.h"
 #include "player/terminal_game.h"
+#include "qt/application.h"
 #include "qt/look.h"
 #include "qt/qt_screen.h"
 #include "qt/qt_shell.h"
@@ -38,9 +38,8 @@ bool HasDisplay() {
 
 int PlayInWindow(int argc, char** argv, const ApplicationInfo& application,
                  const std::filesystem::path& dataDirectory, SettingsStore& store) {
-    QtScreen::PrepareDensity();
-    QApplication qt(argc, argv);
-    Look::ApplyTo(qt);
+    const std::unique_ptr<QApplication> qt = MakeApplication(argc, argv);
+    Look::ApplyTo(*qt);
     QtScreen screen(application.ShareDir / "pictures", application.Title);
     QtShell shell(application.Executable, dataDirectory);
     shell.onRaise = [&screen] { screen.BringForward(); };

@@ -56,8 +56,9 @@ void FitLabelText(Globals& g, Label& label) {
         const PixelPlace place(g, label);
         // The left edge counts twice, so a label further to the right wraps earlier than its width says.
         int wrapWidth = place.Width - 2 * place.Left;
+        const std::string caption = label.MarkedCaption();
         while (true) {
-            const TextExtent extent = g.TheScreen.MeasureText(label.Font, label.Caption, wrapWidth);
+            const TextExtent extent = g.TheScreen.MeasureText(label.Font, caption, wrapWidth);
             if (extent.Height <= place.Height) return;
             if (label.Font.Size <= 1) throw Failure(FailureNumber::InvalidPropertyValue);
             --label.Font.Size;

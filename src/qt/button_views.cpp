@@ -149,6 +149,19 @@ void PictureButtonView::SyncOwn() {
     if (m_picture.Take(button.Picture)) m_button.Show(button.Picture);
 }
 
+/// Where two twins claim one key, the first has it.
+std::string PictureButtonView::ToolTipText() const {
+    const Button* const twin = TheData().Twin;
+    const QChar key = twin ? AccessKey(twin->Caption) : QChar();
+    const auto hasKey = [key](const Control* control) {
+        return control->Kind == ControlKind::Button &&
+               AccessKey(static_cast<const Button*>(control)->Caption) == key;
+    };
+    const auto first = std::ranges::find_if(TheData().Parent.Controls, hasKey);
+    if (key.isNull() || *first != twin) return TheData().ToolTipText;
+    return TheData().ToolTipText + " (Alt+" + FromQt(key) + ")";
+}
+
 CheckBoxView::CheckBoxView(CheckBox& box, ViewHost& host, QWidget* parent)
     : ViewOf(box, host, new Ringed<QCheckBox>(parent)), m_box(static_cast<QCheckBox&>(Widget())) {
     SetFocusPolicy(m_box, box);

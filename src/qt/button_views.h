@@ -57,6 +57,8 @@ class PictureButtonView final : public ViewOf<PictureButton> {
   public:
     PictureButtonView(PictureButton& button, ViewHost& host, QWidget* parent);
     std::string Caption() const override { return TheData().Caption; }
+    /// Names the key of the twin too.
+    std::string ToolTipText() const override;
     bool ActivateByKey() override;
 
   protected:

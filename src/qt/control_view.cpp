@@ -25,7 +25,7 @@ QString LabelBefore(const Control& control) {
     const auto& all = control.Parent.Controls;
     for (auto at = std::find(all.begin(), all.end(), &control); at != all.begin();) {
         --at;
-        if ((*at)->Kind == ControlKind::Label) return PlainCaption(static_cast<Label*>(*at)->Caption);
+        if ((*at)->Kind == ControlKind::Label) return PlainCaption(static_cast<Label*>(*at)->MarkedCaption());
     }
     return {};
 }
@@ -64,6 +64,7 @@ bool ControlView::eventFilter(QObject*, QEvent* event) {
         m_host.DeliverMove([this] {
             if (IsUsable()) std::function<void()>(m_control.MouseMove)();
         });
+    if (event->type() == QEvent::Leave && m_control.MouseLeave) DeliverUse([] {}, m_control.MouseLeave);
     return false;
 }
 
@@ -84,10 +85,12 @@ void ControlView::SyncCommon(float twipsPerPixel) {
     if (m_place.Take(place)) m_widget.setGeometry(place);
     if (!m_control.Enabled || !m_control.Visible) LetGoOfFocus();
     if (m_enabled.Take(m_control.Enabled)) m_widget.setEnabled(m_control.Enabled);
-    if (m_visible.Take(m_control.Visible)) m_widget.setVisible(m_control.Visible);
-    if (!m_toolTip.Take(m_control.ToolTipText)) return;
-    m_widget.setToolTip(ToolTip(m_control.ToolTipText));
-    m_widget.setAccessibleDescription(ToQt(m_control.ToolTipText));
+    const bool shows = m_control.Visible && !m_control.Withheld;
+    if (m_visible.Take(shows)) m_widget.setVisible(shows);
+    const std::string toolTip = ToolTipText();
+    if (!m_toolTip.Take(toolTip)) return;
+    m_widget.setToolTip(ToolTip(toolTip));
+    m_widget.setAccessibleDescription(ToQt(toolTip));
 }
 
 /// At the game's table nobody else takes over from a control that cannot be used any more: the next one may save,

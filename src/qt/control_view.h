@@ -44,6 +44,7 @@ class ControlView : public QObject {
 
     /// The caption with the mark of its access key, if the control has one.
     virtual std::string Caption() const { return {}; }
+    virtual std::string ToolTipText() const { return m_control.ToolTipText; }
     /// What the access key does; false hands the focus to the next control.
     virtual bool ActivateByKey() { return false; }
 

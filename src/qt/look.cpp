@@ -37,6 +37,8 @@ QPalette PaletteOfTheLook() {
     palette.setColor(QPalette::ToolTipBase, Look::Cream);
     palette.setColor(QPalette::ToolTipText, Look::Ink);
     palette.setColor(QPalette::Disabled, QPalette::Base, Look::Mint);
+    palette.setColor(QPalette::Disabled, QPalette::Button, Look::Teal);
+    palette.setColor(QPalette::Disabled, QPalette::ButtonText, Look::Cream);
     return palette;
 }
 
@@ -44,6 +46,7 @@ QPalette PaletteOfTheLook() {
 QPalette PaletteOfArrows() {
     QPalette palette = PaletteOfTheLook();
     palette.setColor(QPalette::WindowText, Look::Ink);
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, Look::Cream);
     return palette;
 }
 
@@ -60,6 +63,8 @@ QString StyleSheet() {
                " border: 2px solid %1; border-radius: 4px; }"
                "QLineEdit:focus, QPlainTextEdit:focus, QTextEdit:focus, QListWidget:focus { border-color: "
                "%3; }"
+               "QLineEdit:disabled, QPlainTextEdit:disabled, QTextEdit:disabled, QListWidget:disabled {"
+               " background: transparent; color: %2; border: 1px solid %2; }"
                "QComboBox { combobox-popup: 0; }"
                "QComboBox QAbstractItemView { background: %2; color: %1; border: 2px solid %1; }"
                "QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }"

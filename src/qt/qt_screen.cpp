@@ -4,7 +4,6 @@
 #include <QScreen>
 #include <QThread>
 #include <algorithm>
-#include <cmath>
 #include <limits>
 #include <utility>
 
@@ -52,11 +51,6 @@ QtScreen::QtScreen(const std::filesystem::path& pictures, std::string title)
 QtScreen::~QtScreen() {
     for (const auto& [form, window] : m_windows) delete window;
     SetMousePointer(MousePointer::Default);
-}
-
-void QtScreen::PrepareDensity() {
-    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
-        Qt::HighDpiScaleFactorRoundingPolicy::RoundPreferFloor);
 }
 
 int QtScreen::Run() {
@@ -155,9 +149,7 @@ int QtScreen::WidthPixels() const { return QGuiApplication::primaryScreen()->geo
 
 int QtScreen::HeightPixels() const { return QGuiApplication::primaryScreen()->geometry().height(); }
 
-int QtScreen::LogicalPixelsPerInch() const {
-    return static_cast<int>(std::lround(QGuiApplication::primaryScreen()->logicalDotsPerInchX()));
-}
+int QtScreen::LogicalPixelsPerInch() const { return LayoutDensity(); }
 
 BoxAnswer QtScreen::MsgBox(const std::string& text, BoxIcon icon, BoxButtons buttons,
                            const std::string& title) {

@@ -25,10 +25,6 @@ class QtScreen final : public Screen {
     QtScreen(const std::filesystem::path& pictures, std::string title);
     ~QtScreen() override;
 
-    /// To be called before there is a QApplication: pictures and places scale by whole factors only, so that
-    /// large fonts reach the program as a density and do not shrink its screen.
-    static void PrepareDensity();
-
     /// The main loop: returns when no form is loaded any more, or when the program is to end. A failure that
     /// no procedure has reported is shown in a message box.
     int Run();

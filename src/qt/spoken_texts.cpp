@@ -36,9 +36,9 @@ void SpokenTexts::Follow() {
 SpokenTexts::Texts SpokenTexts::Collect() const {
     Texts texts;
     for (const Control* control : m_form.Controls) {
-        if (control->Kind != ControlKind::Label || !control->Visible) continue;
+        if (control->Kind != ControlKind::Label || !control->Visible || control->Withheld) continue;
         const auto* label = static_cast<const Label*>(control);
-        const QString words = PlainCaption(label->Caption).simplified();
+        const QString words = PlainCaption(label->MarkedCaption()).simplified();
         if (!words.isEmpty()) texts.push_back({label, words});
     }
     std::ranges::stable_sort(texts, {},

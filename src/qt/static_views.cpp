@@ -4,11 +4,11 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QStyle>
 #include <utility>
 
 #include "qt/look.h"
 #include "qt/text.h"
+#include "qt/wrapped_text.h"
 
 namespace tabulon {
 
@@ -32,6 +32,7 @@ bool StaticView<Data>::eventFilter(QObject* watched, QEvent* event) {
     if (mouse->button() != Qt::LeftButton) return true;
     const bool clicked = !isPress && m_pressed && this->Widget().rect().contains(mouse->position().toPoint());
     m_pressed = isPress && this->Widget().isEnabled();
+    ShowPressed(m_pressed && this->TheData().Click);
     if (clicked) this->DeliverClick();
     return true;
 }
@@ -70,6 +71,11 @@ void LabelWidget::SetCaption(const std::string& caption) {
     QAccessible::updateAccessibility(&shown);
 }
 
+void LabelWidget::SetPressed(bool pressed) {
+    m_pressed = pressed;
+    update();
+}
+
 bool LabelWidget::IsOnlyHeard() const {
     return !geometry().isEmpty() && !geometry().intersects(parentWidget()->rect());
 }
@@ -79,18 +85,20 @@ void LabelWidget::paintEvent(QPaintEvent*) {
     // Room for the ring.
     const int margin = focusPolicy() == Qt::NoFocus || (alignment() & Qt::AlignHCenter) ? 0 : FocusMargin;
     PaintCaption(painter, rect().adjusted(margin, 0, -margin, 0));
-    if (hasFocus()) Look::DrawFocusRing(painter, rect());
+    if (hasFocus() || m_pressed) Look::DrawFocusRing(painter, rect());
 }
 
 /// The size of the letters was chosen by height alone, so a word may be wider than the label. It gets smaller
 /// letters, and is broken when these would be too small to read; what has no room then ends in an ellipsis.
 void LabelWidget::PaintCaption(QPainter& painter, const QRect& room) const {
     const QFont fitting = FittingFont(font(), m_caption, room.size());
-    const bool fits = FitsRoom(fitting, m_caption, room.size());
-    const QString shown = fits ? m_caption : CutText(text(), fitting, room.size());
-    const int flags = static_cast<int>(alignment() | VerticalPlace()) | (fits ? LabelTextFlags : 0);
-    painter.setFont(fitting);
-    style()->drawItemText(&painter, room, flags, palette(), isEnabled(), shown, QPalette::WindowText);
+    QString shown = m_caption;
+    if (!FitsRoom(fitting, m_caption, room.size()))
+        shown = CutText(text(), fitting, room.size()).replace("&", "&&");
+    const WrappedText wrapped(shown, fitting, room.width(), alignment() & Qt::AlignHorizontal_Mask);
+    const int above = VerticalPlace() == Qt::AlignTop ? 0 : (room.height() - wrapped.Size().height()) / 2;
+    painter.setPen(palette().color(QPalette::WindowText));
+    wrapped.Draw(painter, room.topLeft() + QPoint(0, above));
 }
 
 /// Only a text with much room stands at its top, as on a page.
@@ -112,7 +120,7 @@ void LabelView::SyncOwn() {
     SetReachable(!label.Caption.empty());
     if (m_font.Take(label.Font)) m_label.setFont(ToQt(label.Font));
     if (m_centred.Take(label.Centred)) m_label.setAlignment(label.Centred ? Qt::AlignHCenter : Qt::AlignLeft);
-    if (m_caption.Take(label.Caption)) m_label.SetCaption(label.Caption);
+    if (m_caption.Take(label.MarkedCaption())) m_label.SetCaption(label.MarkedCaption());
     if (!m_colour.Take(label.ForeColor)) return;
     QPalette palette = m_label.palette();
     palette.setColor(QPalette::WindowText, ToQt(label.ForeColor));

@@ -23,6 +23,8 @@ class StaticView : public ViewOf<Data> {
   protected:
     /// What can be clicked and shows something is reached by Tab, and clicked by Enter and Space.
     void SetReachable(bool showsSomething);
+    /// What can be clicked is held down, or no longer.
+    virtual void ShowPressed(bool /*pressed*/) {}
 
   private:
     bool ClickByKey(const QEvent& event);
@@ -35,6 +37,7 @@ class LabelWidget final : public QLabel, public Pressable {
   public:
     explicit LabelWidget(QWidget* parent);
     void SetCaption(const std::string& caption);
+    void SetPressed(bool pressed);
     /// A label outside of its window is there to be heard: a screen reader reads each new caption.
     bool IsOnlyHeard() const;
 
@@ -46,16 +49,18 @@ class LabelWidget final : public QLabel, public Pressable {
     void PaintCaption(QPainter& painter, const QRect& room) const;
 
     QString m_caption;
+    bool m_pressed = false;
 };
 
 class LabelView final : public StaticView<Label> {
   public:
     LabelView(Label& label, ViewHost& host, QWidget* parent);
-    std::string Caption() const override { return TheData().Caption; }
+    std::string Caption() const override { return TheData().MarkedCaption(); }
     bool ActivateByKey() override;
 
   protected:
     void SyncOwn() override;
+    void ShowPressed(bool pressed) override { m_label.SetPressed(pressed); }
     bool HasNameOfItsOwn() const override { return true; }
 
   private:

@@ -8,23 +8,44 @@
 #include <algorithm>
 #include <cmath>
 
+#include "qt/wrapped_text.h"
+
 namespace tabulon {
 
 namespace {
 
-constexpr int AnyHeight = 1 << 20;
-constexpr double SmallFontsDensity = 96;
-constexpr double LargeFontsDensity = 120;
+constexpr int SmallFontsDensity = 96;
+constexpr int LargeFontsDensity = 120;
 constexpr int LegiblePoints = 6;
 constexpr int LongestToolTipLine = 60;  // characters
 
-/// Sizes are chosen for two densities. At any other, letters get as many pixels as with large fonts.
-double DensityFactor() {
-    const double density = QGuiApplication::primaryScreen()->logicalDotsPerInchX();
-    return density == SmallFontsDensity ? 1 : LargeFontsDensity / density;
+/// Points are what they are at the two densities alone; at any other, letters get the pixels of large fonts.
+double PointFactor() { return LayoutDensity() / QGuiApplication::primaryScreen()->logicalDotsPerInchX(); }
+
+bool IsIdeograph(char32_t character) {
+    const QChar::Script script = QChar::script(character);
+    return script == QChar::Script_Han || script == QChar::Script_Hiragana ||
+           script == QChar::Script_Katakana || script == QChar::Script_Hangul;
+}
+
+/// A word is what stands between blanks: a name of ideographs is not wrapped inside as long as it has room.
+QString JoinIdeographs(const QString& text) {
+    constexpr char32_t WordJoiner = 0x2060;
+    QList<char32_t> joined;
+    for (const char32_t character : text.toUcs4()) {
+        if (!joined.isEmpty() && IsIdeograph(joined.last()) && IsIdeograph(character))
+            joined.append(WordJoiner);
+        joined.append(character);
+    }
+    return QString::fromUcs4(joined.constData(), joined.size());
 }
 
 }  // namespace
+
+int LayoutDensity() {
+    const double density = QGuiApplication::primaryScreen()->logicalDotsPerInchX();
+    return density == SmallFontsDensity ? SmallFontsDensity : LargeFontsDensity;
+}
 
 QString ToQt(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
@@ -34,30 +55,28 @@ std::string FromQt(const QString& text) { return text.toStdString(); }
 
 QFont ToQt(const Font& font) {
     QFont result(ToQt(font.Name));
-    result.setPointSizeF(std::max(1, font.Size) * DensityFactor());
+    result.setPointSizeF(std::max(1, font.Size) * PointFactor());
     result.setBold(font.Bold);
     return result;
 }
 
 QColor ToQt(Colour colour) { return {colour.Red, colour.Green, colour.Blue}; }
 
-QString PlainCaption(std::string_view caption) {
-    const QString text = ToQt(caption);
-    QString plain;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        if (text[i] == u'&' && i + 1 < text.size()) ++i;
-        plain += text[i];
+MarkedText ReadMarks(const QString& caption) {
+    MarkedText marked;
+    for (qsizetype i = 0; i < caption.size(); ++i) {
+        const bool isMark = caption[i] == u'&' && i + 1 < caption.size();
+        if (isMark && caption[++i] != u'&') marked.Keys.append(marked.Text.size());
+        marked.Text += caption[i];
     }
-    return plain;
+    return marked;
 }
 
+QString PlainCaption(std::string_view caption) { return ReadMarks(ToQt(caption)).Text; }
+
 QChar AccessKey(std::string_view caption) {
-    const QString text = ToQt(caption);
-    for (qsizetype i = 0; i + 1 < text.size(); ++i) {
-        if (text[i] != u'&') continue;
-        if (text[++i] != u'&') return text[i].toUpper();
-    }
-    return {};
+    const MarkedText marked = ReadMarks(ToQt(caption));
+    return marked.Keys.isEmpty() ? QChar() : marked.Text[marked.Keys.first()].toUpper();
 }
 
 QString ToolTip(std::string_view text) {
@@ -68,14 +87,12 @@ QString ToolTip(std::string_view text) {
 
 TextExtent WrappedTextExtent(const Font& font, std::string_view text, int width) {
     if (text.empty()) return {};
-    const QRect room(0, 0, std::max(1, width), AnyHeight);
-    const QRect taken = QFontMetrics(ToQt(font)).boundingRect(room, LabelTextFlags, ToQt(text));
+    const QSize taken = WrappedText(JoinIdeographs(ToQt(text)), ToQt(font), std::max(1, width)).Size();
     return {taken.width(), taken.height()};
 }
 
 bool FitsRoom(const QFont& font, const QString& text, QSize room) {
-    const QRect page(0, 0, room.width(), AnyHeight);
-    const QSize needed = QFontMetrics(font).boundingRect(page, LabelTextFlags, text).size();
+    const QSize needed = WrappedText(text, font, room.width()).Size();
     return needed.width() <= room.width() && needed.height() <= room.height();
 }
 

@@ -11,14 +11,25 @@
 
 namespace tabulon {
 
-/// How labels are painted and measured: wrapped at words, "&" underlines the next character.
+/// How text on buttons is painted: wrapped at words, "&" underlines the next character.
 inline constexpr int LabelTextFlags = Qt::TextWordWrap | Qt::TextShowMnemonic;
+
+/// Places and sizes are chosen for two densities, in dots per inch. At any but the lower one, the higher
+/// serves.
+int LayoutDensity();
 
 QString ToQt(std::string_view utf8);
 std::string FromQt(const QString& text);
 QFont ToQt(const Font& font);
 QColor ToQt(Colour colour);
 
+/// What a caption says, and where in it the characters stand that are marked as access keys.
+struct MarkedText {
+    QString Text;
+    QList<qsizetype> Keys;
+};
+/// Takes the marks out of a caption: "&&" is one ampersand.
+MarkedText ReadMarks(const QString& caption);
 /// The caption as it is read: access keys without their mark, "&&" as one ampersand.
 QString PlainCaption(std::string_view caption);
 /// The character after the single "&" as a capital; null when there is none.

@@ -102,10 +102,28 @@ TEST_P(LayoutTest, PutsThePlatesRightOfTheBoard) {
         EXPECT_EQ(Pixels(form.imgCharacter[i].Left - form.picMainBoard.Width), 15);
         EXPECT_EQ(Pixels(form.lblName[i].Left) - Right(form.imgCharacter[i]), 7);
         EXPECT_EQ(form.lblPoints[i].Left, form.lblName[i].Left);
+        EXPECT_EQ(form.imgCharacter[i].Width, form.imgCharacter[i].Height);
+        EXPECT_LE(Bottom(form.lblPoints[i]), Bottom(form.imgPlate[i]));
+        EXPECT_LE(Right(form.lblPoints[i]), Size.Width);
         if (i > 0) {
             EXPECT_EQ(Pixels(form.imgCharacter[i].Top) - Bottom(form.imgCharacter[i - 1]), 32);
         }
     }
+}
+
+TEST_P(LayoutTest, MakesPiecesSmallOnlyWhereSixPlatesNeedIt) {
+    form.ResizeObjects();
+    EXPECT_LE(Bottom(form.imgPlate[5]), Size.Height);
+    EXPECT_EQ(Pixels(form.imgCharacter[5].Width) < 64, Size.Height < 768);
+    form.lblName[1].Top = form.imgCharacter[1].Top;
+    form.lblPoints[0].Top = form.lblName[1].Top + form.lblName[1].Height;  // as in a resumed game
+    const auto places = [this] {
+        return std::vector{PlaceOf(form.imgCharacter[1]), PlaceOf(form.lblName[1]),
+                           PlaceOf(form.lblPoints[0])};
+    };
+    const auto before = places();
+    form.ResizeObjects();
+    EXPECT_EQ(places(), before);
 }
 
 TEST_P(LayoutTest, LinesTheButtonsUpFromRightToLeft) {
@@ -152,11 +170,13 @@ TEST_P(LayoutTest, LeavesAMinimisedFormAlone) {
 
 INSTANTIATE_TEST_SUITE_P(Screens, LayoutTest,
                          testing::Combine(testing::Values(96, 120),
-                                          testing::Values(ScreenSize{1024, 768}, ScreenSize{1280, 1024},
+                                          testing::Values(ScreenSize{1024, 600}, ScreenSize{1280, 720},
+                                                          ScreenSize{1024, 768}, ScreenSize{1280, 1024},
                                                           ScreenSize{3840, 2160})),
                          [](const auto& row) {
                              return "Dpi" + std::to_string(std::get<0>(row.param)) + "On" +
-                                    std::to_string(std::get<1>(row.param).Width);
+                                    std::to_string(std::get<1>(row.param).Width) + "x" +
+                                    std::to_string(std::get<1>(row.param).Height);
                          });
 
 TEST(LayoutAtSmallFontsTest, TheDesignStands) {

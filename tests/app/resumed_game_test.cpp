@@ -62,6 +62,26 @@ TEST(PlateTest, OfAResumedGameHaveTheirTopsOnTheNextPlate) {
     }
 }
 
+TEST(PlateTest, OfSeatsThatDoNotPlayAreEmpty) {
+    PlayTable table({.Seats = 4});
+    FrmMain& form = table.Form();
+    const auto expectPlates = [&](int count) {
+        for (int i = 0; i < MaxSeats; ++i) {
+            const Control* parts[] = {&form.imgPlate[i], &form.imgCharacter[i], &form.lblName[i],
+                                      &form.lblPoints[i]};
+            for (const Control* part : parts)
+                EXPECT_EQ(part->Visible && !part->Withheld, i < count) << part->Name;
+        }
+    };
+    expectPlates(4);
+    table.State().Points.ReDim(2);
+    table.Resume({3, 5});
+    expectPlates(2);
+    table.User.Players.emplace_back(People(3));
+    form.cmdNew.Click();
+    expectPlates(3);
+}
+
 TEST(ResumedGameTest, BeginsWithNothingOfTheSavesBooleans) {
     PlayTable table({.TurnDevice = Device::Dice});
     table.State().GameInProgress = table.State().GamePlayed = table.State().GameOver = true;

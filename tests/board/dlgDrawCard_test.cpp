@@ -125,6 +125,40 @@ TEST_F(DlgDrawCardTest, ARowIsClickedOnItsLetterOrItsText) {
     EXPECT_THAT(chosen, ElementsAre(0, 0, 1, 1, 2, 2, 3, 3));
 }
 
+TEST_F(DlgDrawCardTest, AnAnswerLightsUpUnderTheMouseOfAHuman) {
+    for (const bool computer : {false, true}) {
+        cardActs.push_back([this, computer] {
+            const Picture dark = dialog.imgAnswer[0].Picture;
+            for (const Label* part : {&dialog.lblIdentifier[1], &dialog.lblAnswer[1]}) {
+                part->MouseMove();
+                EXPECT_EQ(dialog.imgAnswer[1].Picture == dark, computer);
+                EXPECT_EQ(dialog.imgAnswer[0].Picture, dark);
+                part->MouseLeave();
+                EXPECT_EQ(dialog.imgAnswer[1].Picture, dark);
+            }
+            dialog.Hide();
+        });
+        Show(computer);
+    }
+}
+
+TEST_F(DlgDrawCardTest, TheAnswerPressedIsMarkedUntilTheDialogGoes) {
+    card.CorrectMessage = "Right!";
+    std::vector<bool> marked;
+    music.SoundStops = [&] {
+        EXPECT_TRUE(dialog.Visible);
+        for (const Image& answer : dialog.imgAnswer) marked.push_back(answer.Border);
+    };
+    ShowAndPress(Key::B);
+    EXPECT_THAT(marked, ElementsAre(false, true, false, false));
+    music.SoundStops = {};
+    cardActs.push_back([this] {
+        EXPECT_FALSE(dialog.imgAnswer[1].Border) << "of another card";
+        dialog.Hide();
+    });
+    Show();
+}
+
 TEST_F(DlgDrawCardTest, ShowsTheCardWithItsAmpersands) {
     card.message = "Salt & pepper && more";
     card.Answer2 = "R&B";

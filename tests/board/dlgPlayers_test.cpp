@@ -141,6 +141,24 @@ struct Removal {
     const char *Shown, *Returned, *Flags;  // the second player is a computer
 };
 
+TEST_F(DlgPlayersTest, TakesNoSeventhName) {
+    Ask([this] {
+        AddAll({"Ann", "Ben", "Cid", "Dot", "Eve", "Fay"});
+        EXPECT_FALSE(dialog.cmdAdd.Enabled);
+        dialog.lblHolder[2].Click();
+        EXPECT_FALSE(dialog.cmdAdd.Enabled);
+        EXPECT_TRUE(dialog.cmdChange.Enabled);
+        PressInInput(Key::Enter, 0);
+        PressInInput(Key::A, Key::Alt);
+        EXPECT_EQ(dialog.PlayerCount, 6);
+        EXPECT_EQ(Rows(), "Ann, Ben, Cid, Dot, Eve, Fay");
+        Remove(5);
+        Add("Gil");
+        EXPECT_EQ(dialog.PlayerCount, 6);
+    });
+    EXPECT_THAT(machine.Errors, ElementsAre("dlgPlayers:SlidePlayers 9"));
+}
+
 TEST_F(DlgPlayersTest, RemovingClosesUpTheRowsAlone) {
     const Removal rows[] = {
         {"FirstOfThree", 3, 0, "B, C", "A B", "0 1"},

@@ -81,6 +81,21 @@ TEST_F(FrmSlotsTest, RunsOneReelAfterTheOther) {
     EXPECT_THAT(machine.Random.Numbers, IsEmpty());
 }
 
+TEST_F(FrmSlotsTest, ReelsAreBlankUntilTheyRun) {
+    for (int spin = 0; spin < 2; ++spin) {
+        for (int i = 0; i < 2; ++i) Draw(1, 1, 9);
+        std::vector<bool> blank;
+        Timer look(slots, "look", 0, true);
+        look.Tick = [&] {
+            look.Enabled = false;
+            for (const Image& reel : slots.imgSlot) blank.push_back(reel.Picture == Picture());
+        };
+        Run(2, 9);
+        slots.Timers.pop_back();
+        EXPECT_THAT(blank, testing::AllOf(testing::SizeIs(12), testing::Each(true))) << spin;
+    }
+}
+
 TEST_F(FrmSlotsTest, SevenReelsReportAndTheWindowGoes) {
     for (int i = 0; i < 7; ++i) Draw(1, 1, 9);
     Run(7, 9);

@@ -1,7 +1,9 @@
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
+#include <regex>
 
 #include "playtest/figures_output.h"
+#include "playtest/html_charts.h"
 #include "playtest/html_report.h"
 #include "playtest/tiny_game.h"
 
@@ -161,6 +163,21 @@ TEST(HtmlReport, HasATextForEveryChart) {
     }
     EXPECT_EQ(charts, 4u);
     EXPECT_THAT(page, HasSubstr("<h2>Cards</h2>"));
+}
+
+TEST(HtmlReport, HasRoomForTheLastLengthOfGames) {
+    constexpr double HalfADigit = 4.5;
+    constexpr double Width = 720;
+    const std::regex label("<text x=\"([0-9.]+)\" y=\"[0-9]+\" text-anchor=\"middle\">([0-9]+)</text>");
+    playtest::Figures figures;
+    for (int columns = 1; columns <= 50; ++columns) {
+        figures.CountGame(9900 + columns, true);
+        const std::string chart = LengthChart(figures);
+        ASSERT_THAT(chart, HasSubstr("viewBox=\"0 0 720 "));
+        for (std::sregex_iterator at(chart.begin(), chart.end(), label), end; at != end; ++at)
+            EXPECT_LE(std::stod((*at)[1]) + HalfADigit * static_cast<double>((*at)[2].length()), Width)
+                << (*at)[2] << " of " << columns;
+    }
 }
 
 TEST(HtmlReport, OfABoardWithoutAPictureTakesItsSizeFromTheSpaces) {

@@ -224,6 +224,9 @@ TEST_F(Input, AccessKeysReachTwinsButtonsBoxesAndLabels) {
     EXPECT_TRUE(form.chkComputer.Value);
     Press(form, Qt::Key_R);
     EXPECT_EQ(calls, 4);
+    form.lblName.UseMnemonic = false;
+    Press(form, Qt::Key_A, Qt::AltModifier);
+    EXPECT_EQ(calls, 4);
 }
 
 TEST_F(Input, AccessKeyOfAPlainLabelFocusesTheNextControl) {

@@ -172,6 +172,62 @@ TEST_F(Showing, AButtonLooksDifferentInEachOfItsStates) {
     }
 }
 
+TEST_F(Showing, WhatIsDisabledHasAnotherGround) {
+    form.cboGame.AddItem("Tuesday");
+    form.cboGame.ListIndex = 0;
+    Show(form);
+    for (Control* control : std::initializer_list<Control*>{&form.cboGame, &form.txtName, &form.txtNotes,
+                                                            &form.lstPlayers, &form.cmdOk, &form.updPiece}) {
+        const auto ground = [&] {
+            screen.PumpEvents();
+            const QImage image = Find(*control).grab().toImage();
+            return image.pixelColor(image.width() / 3, image.height() - 5);
+        };
+        const QColor enabled = ground();
+        control->Enabled = false;
+        EXPECT_NE(ground(), enabled) << control->Name;
+    }
+}
+
+TEST_F(Showing, AToolTipNamesTheKeyOfTheTwinThatHasIt) {
+    form.cmdRoll.ToolTipText = "Roll the dice";
+    form.cmdRoll.Twin = &form.cmdFakeRoll;
+    Show(form);
+    const std::tuple<const char*, const char*, const char*> rows[] = {
+        {"", "&Ok", "Roll the dice"},
+        {"&Roll Dice", "&Ok", "Roll the dice (Alt+R)"},
+        {"&Roll Dice", "&Remove", "Roll the dice"}};
+    for (const auto& [twin, before, tip] : rows) {
+        form.cmdFakeRoll.Caption = twin;
+        form.cmdOk.Caption = before;
+        screen.PumpEvents();
+        EXPECT_EQ(Find(form.cmdRoll).toolTip(), tip);
+    }
+}
+
+TEST_F(Showing, WithholdsAControlWithoutHidingIt) {
+    Show(form);
+    for (const bool withheld : {true, false}) {
+        form.lblName.Withheld = withheld;
+        screen.PumpEvents();
+        EXPECT_EQ(Find(form.lblName).isVisible(), !withheld);
+    }
+}
+
+TEST_F(Showing, ALabelShowsThatItIsHeldDown) {
+    form.lblName.Caption = "A)";
+    for (const bool clickable : {false, true}) {
+        form.lblName.Click = clickable ? [] {} : std::function<void()>();
+        Show(form);
+        QWidget& label = Find(form.lblName);
+        const QImage before = label.grab().toImage();
+        QTest::mousePress(&label, Qt::LeftButton);
+        EXPECT_EQ(label.grab().toImage() != before, clickable);
+        QTest::mouseRelease(&label, Qt::LeftButton);
+        EXPECT_EQ(label.grab().toImage(), before);
+    }
+}
+
 struct RoomRow {
     const char* name;
     const char* caption;
@@ -196,7 +252,8 @@ INSTANTIATE_TEST_SUITE_P(All, LabelRoom,
                          testing::Values(RoomRow{"LongWord", "Christopher", 88, 44},
                                          RoomRow{"WordToBreak", "HHHHHHHHHHHHHHHHHHHHHHHHHHHH", 88, 60},
                                          RoomRow{"TooLong", "HHHHHHHHHHHHHHHHHHHHHHHHHHHH", 40, 20},
-                                         RoomRow{"ManyLines", "one two three four five six", 88, 44}),
+                                         RoomRow{"ManyLines", "one two three four five six", 88, 44},
+                                         RoomRow{"OtherFont", "王小明 李大华", 88, 44}),
                          [](const auto& row) { return row.param.name; });
 
 TEST_F(Showing, EndsATextWithoutRoomInAnEllipsis) {
@@ -291,6 +348,18 @@ TEST_F(Showing, ShowsAnUnloadedFormAfresh) {
     EXPECT_EQ(Find<QLabel>(form.lblName).text(), "Again");
 }
 
+TEST_F(Showing, ANameIsShownAsItStands) {
+    form.lblName.Caption = "Tom &Ann && Co";
+    form.lblName.UseMnemonic = false;
+    Show(form);
+    EXPECT_EQ(Find<QLabel>(form.lblName).text(), "Tom &Ann && Co");
+    const QImage name = Find(form.lblName).grab().toImage();
+    form.lblName.Caption = "Tom &&Ann &&&& Co";
+    form.lblName.UseMnemonic = true;
+    screen.PumpEvents();
+    EXPECT_EQ(Find(form.lblName).grab().toImage(), name);
+}
+
 TEST_F(Showing, MeasuresTextAsLabelsWrapIt) {
     const Font font{"DejaVu Sans", 10, false};
     const auto height = [&](const char* text, int width) {
@@ -304,6 +373,14 @@ TEST_F(Showing, MeasuresTextAsLabelsWrapIt) {
     EXPECT_EQ(height("<br><br>x", 500), line);
     EXPECT_EQ(screen.MeasureText(font, "a longest a", 1).Width,
               screen.MeasureText(font, "longest", 500).Width);
+}
+
+TEST_F(Showing, MeasuresALineByItsFontWhateverLettersItHolds) {
+    const Font font{"Comic Neue", 12, false};
+    const auto height = [&](const char* text) { return screen.MeasureText(font, text, 1).Height; };
+    for (const char* word : {"王小明", "さくら", "김철수", "🦊", "שלום"})
+        EXPECT_EQ(height(word), height("Gg")) << word;
+    EXPECT_EQ(height("王小明 🦊"), height("Gg Gg"));
 }
 
 }  // namespace

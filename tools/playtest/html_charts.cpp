@@ -16,7 +16,8 @@ constexpr int BarHeight = 22;
 constexpr int BarLeft = 170;
 constexpr int LongestBar = 400;
 constexpr int HistogramHeight = 180;
-constexpr int HistogramLeft = 50;
+constexpr int HistogramLeft = 60;
+constexpr int HistogramRight = 30;  // half of the last length stands beyond its column
 constexpr std::int64_t MostColumns = 50;
 
 /// A chart with its text alternative.
@@ -180,7 +181,7 @@ std::string LengthChart(const Figures& figures) {
     const std::vector<Column> columns = Columns(figures.Lengths());
     std::int64_t most = 1;
     for (const Column& column : columns) most = std::max(most, column.Games);
-    const double width = static_cast<double>(ChartWidth - HistogramLeft) /
+    const double width = static_cast<double>(ChartWidth - HistogramLeft - HistogramRight) /
                          static_cast<double>(std::max<std::size_t>(columns.size(), 1));
     std::string content;
     double x = HistogramLeft;
