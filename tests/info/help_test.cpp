@@ -88,6 +88,16 @@ TEST_F(HelpTest, FailuresOfTheViewerAreReportedAndShowNothing) {
     PackHelp("damaged.rtf", "{\\rtf1 {\\b Throw");
     EXPECT_EQ(TextOfGameHelp(), "");
     EXPECT_THAT(run.Errors, ElementsAre("dlgRTF:ShowGameHelp 57"));
+    EXPECT_FALSE(run.HasFile("damaged.rtf"));
+}
+
+TEST_F(HelpTest, LogOfFailuresIsNoHelpThatGoes) {
+    for (const char* file : {"ERRORS.TXT", "errors.txt"}) {
+        WriteFile(run.AppDir() / "ERRORS.TXT", "older reports");
+        game->HelpFile = file;
+        EXPECT_EQ(TextOfGameHelp(), "older reports") << file;
+        EXPECT_TRUE(run.HasFile("ERRORS.TXT")) << file;
+    }
 }
 
 TEST_F(HelpTest, OtherExtensionDoesNothing) {
@@ -136,6 +146,22 @@ TEST_F(HelpTest, PlayersHelpLiesBesideTheProgram) {
     Open([&] { dlgHelp.cmdHelp[2].Click(); });
     EXPECT_THAT(run.machine.Shell.Arguments,
                 ElementsAre(ElementsAre((run.Share() / "TABPLAYER.CHM").string())));
+}
+
+TEST_F(HelpTest, PlayersHelpLeavesNothingOfTheGameBehind) {
+    WriteFile(run.Share() / "TabPlayer.chm", "ITSF");
+    WriteFile(run.AppDir() / "settings.db", "ours");
+    for (const char* file : {"help.rtf", "hel", "TabPlayer.chm", "settings.db"}) {
+        SCOPED_TRACE(file);
+        game->HelpFile = file;
+        WriteZip(run.AppDir() / "{A-1}.gam", {{"help.rtf", "{\\rtf1}"}, {"TabPlayer.chm", "hostile"}});
+        Open([&] { dlgHelp.cmdHelp[2].Click(); });
+        EXPECT_FALSE(run.HasFile("help.rtf") || FileExists(run.Share() / "help.rtf"));
+        EXPECT_FALSE(run.HasFile("TabPlayer.chm") || std::filesystem::exists(run.AppDir() / "unread"));
+        EXPECT_TRUE(run.HasFile("settings.db"));
+        EXPECT_EQ(ReadFile(run.Share() / "TabPlayer.chm", 100), "ITSF");
+    }
+    EXPECT_THAT(run.Errors, IsEmpty());
 }
 
 TEST_F(HelpTest, KeysAreNotTheAccessKeysOfAllCaptions) {
