@@ -182,6 +182,6 @@ std::string DlgError::MailServer() const {
     return ProductSetting(m_g, "MailServer", m_g.Application.MailServer);
 }
 
-std::filesystem::path DlgError::LogFile() const { return m_g.AppDir / "ERRORS.TXT"; }
+std::filesystem::path DlgError::LogFile() const { return m_g.AppDir / ErrorLog; }
 
 }  // namespace tabulon

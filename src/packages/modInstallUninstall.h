@@ -23,8 +23,8 @@ class modInstallUninstall {
 
     /// Unpacks the first entry whose name begins with FileName ("*" in it stands for any text) into DestDir,
     /// under the entry's own name. A missing package or entry is no failure. With CheckOnly nothing is
-    /// unpacked, and the result tells whether there is such an entry. False after a failure, with "log.xml"
-    /// in the data directory.
+    /// unpacked, and the result tells whether there is such an entry. False after a failure, which
+    /// "logs/log.xml" in the data directory explains.
     bool ExtractFile(const std::filesystem::path& GamFile, const std::filesystem::path& DestDir,
                      const std::string& FileName, bool CheckOnly);
 
@@ -43,7 +43,7 @@ class modInstallUninstall {
     /// Removes the game's key with its saved games; the package stays.
     bool UninstallGame(const std::string& GameKey);
 
-    /// Deletes all files of the kinds that are unpacked.
+    /// Deletes all files of the kinds that are unpacked; the log of failures is none.
     void CleanupGameDir();
     /// Deletes the settings files.
     void CleanupGameFiles();
