@@ -14,7 +14,7 @@ packages=(
 if [ "${1:-}" = "--test" ]; then
     packages+=(
         libgtest-dev libgmock-dev libbenchmark-dev ccache
-        xvfb openbox xdotool dbus at-spi2-core python3-gi gir1.2-atspi-2.0 libarchive-tools ziptool python3-aiosmtpd
+        xvfb openbox xdotool dbus at-spi2-core python3-gi gir1.2-atspi-2.0 libarchive-tools ziptool python3-aiosmtpd openssl
     )
 fi
 

@@ -60,6 +60,7 @@ QString StyleSheet() {
                " border: 2px solid %1; border-radius: 4px; }"
                "QLineEdit:focus, QPlainTextEdit:focus, QTextEdit:focus, QListWidget:focus { border-color: "
                "%3; }"
+               "QLineEdit[marked=true] { background: #FFE1DA; color: #8E1B1B; border-color: #D2342B; }"
                "QComboBox { combobox-popup: 0; }"
                "QComboBox QAbstractItemView { background: %2; color: %1; border: 2px solid %1; }"
                "QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }"
@@ -86,6 +87,12 @@ void Look::ApplyTo(QApplication& application) {
     application.setPalette(PaletteOfTheLook());
     application.setPalette(PaletteOfArrows(), "QToolButton");
     application.setStyleSheet(StyleSheet());
+}
+
+void Look::Mark(QWidget& input, bool marked) {
+    input.setProperty("marked", marked);
+    input.style()->unpolish(&input);  // the style sheet looks at properties only when a widget is polished
+    input.style()->polish(&input);
 }
 
 /// Yellow shows on the dark ground of a window, the ink inside it on a light button.
