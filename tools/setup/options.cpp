@@ -25,11 +25,12 @@ bool IsAddress(const std::string& text) { return IsMailAddress(text); }
 bool IsVerify(const std::string& text) { return text == "verify"; }
 
 void PrintHelp(const std::vector<ProductOption>& options) {
-    std::cout << "tabulon-setup writes down what an installation of the Tabulon Player knows: its folders, "
-                 "and the\n"
-                 "games that came with it, which it installs. Run it again whenever games were added.\n\n"
-                 "  tabulon-setup [OPTIONS]\n"
-                 "  tabulon-setup --help | --version\n\n";
+    std::cout
+        << "tabulon-setup writes down what an installation of the Tabulon Player knows: its folders, "
+           "and the\n"
+           "games that came with it, which it installs. Games of others are installed in the Player.\n\n"
+           "  tabulon-setup [OPTIONS]\n"
+           "  tabulon-setup --help | --version\n\n";
     for (const ProductOption& option : options) {
         const std::string usage = std::string(option.Option) + " " + option.Value;
         std::cout << "  " << usage << std::string(usage.size() < 28 ? 28 - usage.size() : 1, ' ')
