@@ -5,6 +5,7 @@
 #include <QPalette>
 #include <QProxyStyle>
 #include <QStyleFactory>
+#include <QWidget>
 #include <algorithm>
 
 namespace tabulon {

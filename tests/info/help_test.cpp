@@ -103,7 +103,7 @@ TEST_F(HelpTest, LogOfFailuresIsNoHelpThatGoes) {
 TEST_F(HelpTest, OtherExtensionDoesNothing) {
     PackHelp("help.exe", "MZ");
     EXPECT_EQ(TextOfGameHelp(), "");
-    EXPECT_THAT(run.machine.Shell.Started, IsEmpty());
+    EXPECT_THAT(run.machine.Shell.Companions, IsEmpty());
     EXPECT_THAT(run.machine.User.Boxes, IsEmpty());
 }
 
@@ -114,7 +114,7 @@ TEST_F(HelpTest, EmptyHelpFileDisablesTheButtonAndItsKey) {
 TEST_F(HelpTest, CompiledHelpOpensInTheViewerProgram) {
     PackHelp("Rules.CHM", "ITSF");
     Open([&] { dlgHelp.cmdHelp[0].Click(); });
-    EXPECT_THAT(run.machine.Shell.Started, ElementsAre(run.Viewer()));
+    EXPECT_THAT(run.machine.Shell.Companions, ElementsAre(run.Viewer()));
     EXPECT_THAT(run.machine.Shell.Arguments,
                 ElementsAre(ElementsAre((run.AppDir() / "{A-1}/Rules.CHM").string())));
     EXPECT_TRUE(run.HasFile("{A-1}/Rules.CHM"));
@@ -127,7 +127,7 @@ TEST_F(HelpTest, GameKeyThatIsAPathUnpacksNothing) {
     Open([&] { dlgHelp.cmdHelp[0].Click(); });
     EXPECT_THAT(run.Errors, ElementsAre("dlgHelp:ShowHTMLHelp 76"));
     EXPECT_FALSE(std::filesystem::exists(run.machine.Folder / "outside"));
-    EXPECT_THAT(run.machine.Shell.Started, IsEmpty());
+    EXPECT_THAT(run.machine.Shell.Companions, IsEmpty());
 }
 
 TEST_F(HelpTest, OldBinaryHelpGetsAPlainWord) {
@@ -251,7 +251,7 @@ TEST_F(HtmlHelpTest, ABareNameMeansAFileOfTheProgram) {
     EXPECT_THAT(run.machine.Shell.Arguments, ElementsAre(ElementsAre(run.Share() / "TabPlayer.chm")));
     std::filesystem::remove(run.Viewer());
     EXPECT_THAT(Display("TabPlayer.chm"), HasSubstr("viewer is not installed"));
-    EXPECT_THAT(run.machine.Shell.Started, SizeIs(1));
+    EXPECT_THAT(run.machine.Shell.Companions, SizeIs(1));
 }
 
 TEST_F(HtmlHelpTest, OnlyCompiledHelpIsOpened) {
@@ -259,7 +259,7 @@ TEST_F(HtmlHelpTest, OnlyCompiledHelpIsOpened) {
     for (const std::string file : {"notes.txt", "chm", ""})
         EXPECT_EQ(Display(file.c_str()), file + " is not a valid HTML Help file.");
     EXPECT_EQ(Display("missing.chm"), std::string("The file missing.chm") + Missing);
-    EXPECT_THAT(run.machine.Shell.Started, IsEmpty());
+    EXPECT_THAT(run.machine.Shell.Companions, IsEmpty());
 }
 
 }  // namespace
