@@ -1,6 +1,7 @@
 #include "info/dlgRTF.h"
 
 #include "info/rich_text.h"
+#include "packages/limits.h"
 #include "platform/files.h"
 #include "platform/text.h"
 #include "presentation/modRepositioner.h"
@@ -9,8 +10,6 @@
 namespace tabulon {
 
 namespace {
-
-constexpr std::size_t LargestHelpFile = 4u << 20;
 
 /// A file that goes with the object. The log of failures stays, whatever a game calls its help.
 class UnpackedFile {
@@ -74,7 +73,7 @@ void DlgRTF::ShowGameHelp(const std::shared_ptr<CGame>& oGame, bool& Ok) {
 
 void DlgRTF::LoadText(const std::filesystem::path& file) {
     if (file.empty()) throw Failure(FailureNumber::FileNotFound);
-    const std::string bytes = ReadFile(file, LargestHelpFile);
+    const std::string bytes = ReadFile(file, limits::HelpTextBytes);
     if (IsRichText(bytes))
         rtbUserHelp.Paragraphs = ReadRichText(bytes);
     else

@@ -30,17 +30,9 @@ std::vector<std::string> LinesOf(const fs::path& file) {
     return Lines(ToUtf8(ReadFile(found, limits::SettingsBytes)));
 }
 
-/// Packages, sound archives, the settings, the trace and the log of failures lie beside what is unpacked: no
-/// entry may take their place.
-bool IsKept(const std::string& name) {
-    if (EqualNoCase(name, ErrorLog)) return true;
-    std::string extension = fs::path(name).extension().string();
-    extension.resize(extension.find('-') == extension.npos ? extension.size() : extension.find('-'));
-    return std::ranges::any_of(KeptKinds, [&](const char* kind) { return EqualNoCase(extension, kind); });
-}
-
 void WriteEntry(const fs::path& folder, const std::string& name, const std::string& bytes) {
-    if (IsKept(name)) throw Failure(FailureNumber::PermissionDenied, "\"" + name + "\" may not be unpacked");
+    if (IsKeptName(name))
+        throw Failure(FailureNumber::PermissionDenied, "\"" + name + "\" may not be unpacked");
     WriteFile(folder / name, bytes);
 }
 
@@ -55,6 +47,13 @@ std::string XmlText(std::string text) {
 }
 
 }  // namespace
+
+bool IsKeptName(const std::string& name) {
+    if (EqualNoCase(name, ErrorLog)) return true;
+    std::string extension = fs::path(name).extension().string();
+    extension.resize(extension.find('-') == extension.npos ? extension.size() : extension.find('-'));
+    return std::ranges::any_of(KeptKinds, [&](const char* kind) { return EqualNoCase(extension, kind); });
+}
 
 bool modInstallUninstall::ExtractFile(const fs::path& GamFile, const fs::path& DestDir,
                                       const std::string& FileName, bool CheckOnly) {

@@ -16,6 +16,10 @@ inline constexpr std::string_view HiddenGame = "{7C6EC008-7412-44C0-9490-CAC42FB
 /// The key of the game that cannot be uninstalled.
 inline constexpr std::string_view PermanentGame = "{E9828766-ABAC-4526-881D-008053E8CE1E}";
 
+/// True for the names of the program's own files beside what is unpacked (packages, sound archives, the
+/// settings, the trace, the log of failures): no entry may take their place.
+bool IsKeptName(const std::string& name);
+
 /// Packages: what is got out of them, installed and cleaned up. Working files lie in the data directory.
 class modInstallUninstall {
   public:
