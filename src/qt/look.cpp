@@ -62,6 +62,7 @@ QString StyleSheet() {
                "QLineEdit:focus, QPlainTextEdit:focus, QTextEdit:focus, QListWidget:focus { border-color: "
                "%3; }"
                "QLineEdit[marked=true] { background: #FFE1DA; color: #8E1B1B; border-color: #D2342B; }"
+               "QLineEdit[marked=true]:focus { border-color: %3; }"
                "QComboBox { combobox-popup: 0; }"
                "QComboBox QAbstractItemView { background: %2; color: %1; border: 2px solid %1; }"
                "QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }"
