@@ -14,7 +14,8 @@ packages=(
 if [ "${1:-}" = "--test" ]; then
     packages+=(
         libgtest-dev libgmock-dev libbenchmark-dev ccache
-        xvfb xserver-xephyr x11-xserver-utils openbox xdotool dbus at-spi2-core python3-gi gir1.2-atspi-2.0 libarchive-tools ziptool python3-aiosmtpd
+        xvfb xserver-xephyr x11-xserver-utils openbox xdotool dbus at-spi2-core python3-gi gir1.2-atspi-2.0
+        libarchive-tools ziptool python3-aiosmtpd openssl
     )
 fi
 

@@ -61,6 +61,13 @@ std::string AttributeOf(pugi::xml_node node, std::string_view space, std::string
     return {};
 }
 
+void AddMissingAttributes(pugi::xml_node row, pugi::xml_node from) {
+    if (HasTooManyAttributes(row) || HasTooManyAttributes(from))
+        Refuse("a changed row has too many attributes");
+    for (const pugi::xml_attribute attribute : from.attributes())
+        if (!row.attribute(attribute.name())) row.append_copy(attribute);
+}
+
 PersistedRecordset::Type TypeNamed(std::string_view name) {
     using Type = PersistedRecordset::Type;
     for (const std::string_view whole : {"int", "i1", "i2", "i4", "ui1", "ui2", "ui4"})
@@ -176,7 +183,21 @@ void PersistedRecordset::ReadRows(pugi::xml_node parent) {
             m_rows.emplace_back(*this, child);
         } else if (IsElement(child, RowsetNamespace, "insert")) {
             ReadRows(child);
+        } else if (IsElement(child, RowsetNamespace, "update")) {
+            CompleteRows(child);
+            ReadRows(child);
         }
+    }
+}
+
+// A changed row may hold its changed columns alone. The others stand in the row as it was, which comes first.
+void PersistedRecordset::CompleteRows(pugi::xml_node update) {
+    pugi::xml_node original;
+    for (const pugi::xml_node child : update.children()) {
+        if (IsElement(child, RowsetNamespace, "original"))
+            original = child.find_child([this](pugi::xml_node node) { return IsRow(node); });
+        else if (IsRow(child))
+            AddMissingAttributes(child, original);
     }
 }
 

@@ -12,8 +12,8 @@
 namespace tabulon {
 
 /// A table that ADO saved as XML (persistence format of its rowsets): a schema with one s:AttributeType for
-/// each column, and rows under rs:data, those still pending under rs:insert. Read only. Namespaces count,
-/// prefixes do not. Text in 8 bits is UTF-8, or Windows-1252 when it is none or says so.
+/// each column, and rows under rs:data, those still pending under rs:insert and rs:update. Read only.
+/// Namespaces count, prefixes do not. Text in 8 bits is UTF-8, or Windows-1252 when it is none or says so.
 class PersistedRecordset {
   public:
     /// Fails with FileIoError for what is no such table or breaks a limit.
@@ -70,6 +70,7 @@ class PersistedRecordset {
     void ReadColumns(pugi::xml_node root);
     void AddColumns(pugi::xml_node parent);
     void ReadRows(pugi::xml_node parent);
+    void CompleteRows(pugi::xml_node update);
     bool IsRow(pugi::xml_node node);
 
     std::string m_text;            // parsed in place

@@ -19,6 +19,9 @@
 
 namespace tabulon {
 
+/// The log of failures in the data directory. It stays there until it was mailed.
+inline constexpr char ErrorLog[] = "ERRORS.TXT";
+
 /// The program's one way of failing: the stack of running procedures and the report of each failure.
 class clsErrHandler final : public ProcedureStack {
   public:
@@ -95,7 +98,7 @@ class clsErrHandler final : public ProcedureStack {
     const Clock& m_clock;
     const ApplicationInfo& m_application;
     const std::filesystem::path& m_dataDirectory;
-    std::variant<std::string, std::shared_ptr<Recordset>> m_destination = "ERRORS.TXT";
+    std::variant<std::string, std::shared_ptr<Recordset>> m_destination = ErrorLog;
     int m_maxItems = 0;
     std::vector<std::string_view> m_procStack;
     bool m_traceExecution = false;

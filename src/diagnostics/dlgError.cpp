@@ -3,6 +3,7 @@
 #include "diagnostics/design_size.h"
 #include "diagnostics/product_settings.h"
 #include "platform/files.h"
+#include "platform/mail_text.h"
 #include "platform/text.h"
 
 namespace tabulon {
@@ -16,6 +17,7 @@ constexpr std::size_t LargestLog = 64u << 20;
 
 DlgError::DlgError(Globals& g, Mail& mail, DlgErrorCause& dlgErrorCause)
     : Form(g.TheScreen, "dlgError"), m_g(g), m_mail(mail), m_dlgErrorCause(dlgErrorCause) {
+    txtEmailAddress.Change = [this] { MarkAddress(); };
     cmdSend.Click = [this] { cmdSend_Click(); };
     cmdClose.Click = [this] { Unload(); };
 }
@@ -26,6 +28,8 @@ void DlgError::Design() {
     lblTitle.Font.Bold = true;
     txtFullName.Text.clear();
     txtEmailAddress.Text.clear();
+    MarkAddress();
+    m_steps.clear();
 }
 
 void DlgError::DesignPlaces() {
@@ -112,11 +116,15 @@ void DlgError::cmdSend_Click() {
 void DlgError::SendLog() {
     m_g.TheScreen.SetMousePointer(MousePointer::Hourglass);
     ShowProgress("Looking for the mail server...");
-    if (!m_mail.IsDestinationReachable(MailServer())) WarnOfNoConnection();
+    if (!m_mail.IsDestinationReachable(MailServer(), [this] { m_g.TheScreen.Sleep(1); }))
+        WarnOfNoConnection();
     if (!HasNameAndAddress()) return;
     const MailMessage message = Message(LogText());
-    ShowProgress("Sending...");
-    if (m_mail.Send(message, MailServer(), [this] { m_g.TheScreen.Sleep(1); })) {
+    const auto progress = [this](int percent) {
+        ShowProgress("Sending... " + std::to_string(percent) + " %");
+    };
+    progress(0);
+    if (m_mail.Send(message, MailServer(), progress)) {
         FinishSent();
     } else {
         m_g.TheScreen.MsgBox("An error occurred attempting to email the error log.", BoxIcon::Critical,
@@ -144,10 +152,9 @@ bool DlgError::HasNameAndAddress() {
 
 std::string DlgError::LogText() {
     std::string log = std::string("\r\n") + Rule + "\r\n";
-    std::string steps;
     bool ok = false;
-    m_dlgErrorCause.GetData(steps, ok);
-    if (ok) log += steps + "\r\n" + Rule + "\r\n\r\n";
+    m_dlgErrorCause.GetData(m_steps, ok);
+    if (ok) log += m_steps + "\r\n" + Rule + "\r\n\r\n";
     if (!FileExists(LogFile())) return log;
     for (const std::string& line : Lines(ToUtf8(ReadFile(LogFile(), LargestLog)))) log += "\r\n" + line;
     return log;
@@ -159,6 +166,7 @@ MailMessage DlgError::Message(const std::string& log) const {
     message.Recipient = ProductSetting(m_g, "SupportAddress", m_g.Application.SupportAddress);
     message.Subject = "Error Log - " + m_g.Application.Title;
     message.Body = txtFullName.Text + " received the following error: \r\n\r\n" + log;
+    message.OnlyVerified = ProductSetting(m_g, "MailTls", {}) == "verify";
     const std::string game = GameDirectory ? GameDirectory() : std::string();
     if (game.empty()) return message;
     message.RecipientName = "Tabulon Support";
@@ -173,7 +181,14 @@ void DlgError::FinishSent() {
     Unload();
 }
 
-void DlgError::ShowProgress(const char* text) {
+void DlgError::MarkAddress() {
+    const std::string& address = txtEmailAddress.Text;
+    txtEmailAddress.Marked = !address.empty() && !IsMailAddress(address);
+    txtEmailAddress.ToolTipText =
+        txtEmailAddress.Marked ? "An email address looks like name@example.com." : "";
+}
+
+void DlgError::ShowProgress(const std::string& text) {
     lblProgress.Caption = text;
     m_g.TheScreen.Sleep(1);
 }
@@ -182,6 +197,6 @@ std::string DlgError::MailServer() const {
     return ProductSetting(m_g, "MailServer", m_g.Application.MailServer);
 }
 
-std::filesystem::path DlgError::LogFile() const { return m_g.AppDir / "ERRORS.TXT"; }
+std::filesystem::path DlgError::LogFile() const { return m_g.AppDir / ErrorLog; }
 
 }  // namespace tabulon

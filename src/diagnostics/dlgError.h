@@ -48,7 +48,8 @@ class DlgError : public Form {
     std::string LogText();
     MailMessage Message(const std::string& log) const;
     void FinishSent();
-    void ShowProgress(const char* text);
+    void MarkAddress();
+    void ShowProgress(const std::string& text);
     std::string MailServer() const;
     std::filesystem::path LogFile() const;
 
@@ -56,6 +57,7 @@ class DlgError : public Form {
     Mail& m_mail;
     DlgErrorCause& m_dlgErrorCause;
     bool m_sending = false;
+    std::string m_steps;  // as last typed, for the next try
 };
 
 }  // namespace tabulon

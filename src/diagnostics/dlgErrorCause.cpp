@@ -33,6 +33,7 @@ void DlgErrorCause::Design() {
 void DlgErrorCause::GetData(std::string& Steps, bool& Ok) {
     Procedure(m_g.gErrHandler, "dlgErrorCause:GetData", [&] {
         Load();
+        txtSteps.Text = Steps;
         m_g.TheScreen.SetMousePointer(MousePointer::Default);
         ShowModal();
         m_g.TheScreen.PumpEvents();

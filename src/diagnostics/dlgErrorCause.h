@@ -11,8 +11,8 @@ class DlgErrorCause : public Form {
   public:
     explicit DlgErrorCause(Globals& g);
 
-    /// Ok is True and Steps the answer, unless the user cancelled. Leaves the hourglass on: the caller is
-    /// busy.
+    /// Begins with Steps. Ok is True and Steps the answer, unless the user cancelled. Leaves the hourglass
+    /// on: the caller is busy.
     void GetData(std::string& Steps, bool& Ok);
 
     Label Label1{*this, "Label1"};

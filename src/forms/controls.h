@@ -128,6 +128,7 @@ struct TextBox : Control {
     tabulon::Font Font;
     int MaxLength = 0;  // characters; 0 for no limit
     bool MultiLine = false;
+    bool Marked = false;  // one line only: what it holds cannot be used as it is
     bool SelectAllRequested = false;  // taken back by the screen
     std::function<void()> Change;
 };

@@ -14,6 +14,13 @@ struct Colour {
     bool operator==(const Colour&) const = default;
 };
 
+/// What a picture of a package may measure: far above any real board, far below what ends the memory.
+struct PictureLimits {
+    static constexpr std::int64_t FileBytes = std::int64_t{64} << 20;
+    static constexpr int Side = 16384;
+    static constexpr std::int64_t Pixels = 100'000'000;
+};
+
 /// A picture that came from a file: its bytes as they were read, and its size in pixels.
 struct FilePicture {
     std::string Bytes;

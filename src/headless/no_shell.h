@@ -9,6 +9,7 @@ class NoShell final : public Shell {
   public:
     void Open(const std::string&) override {}
     void Start(const std::filesystem::path&, const std::vector<std::string>&) override {}
+    void StartCompanion(const std::filesystem::path&, const std::vector<std::string>&) override {}
     bool PreviousInstance() override { return false; }
     bool RaisePreviousInstance() override { return false; }
 };

@@ -3,13 +3,12 @@
 #include <cstdint>
 #include <cstdlib>
 
+#include "forms/picture.h"
 #include "platform/failure.h"
 
 namespace tabulon {
 
 namespace {
-
-constexpr int LongestSide = 16384;
 
 [[noreturn]] void NoPicture() { throw Failure(FailureNumber::InvalidPicture); }
 
@@ -36,7 +35,8 @@ std::uint32_t Big32(std::string_view bytes, std::size_t at) {
 
 PictureSize Checked(std::int64_t width, std::int64_t height) {
     height = std::abs(height);  // a bitmap's height is negative when its first row is the upper one
-    if (width < 1 || height < 1 || width > LongestSide || height > LongestSide) NoPicture();
+    if (width < 1 || height < 1 || width > PictureLimits::Side || height > PictureLimits::Side) NoPicture();
+    if (width * height > PictureLimits::Pixels) NoPicture();
     return {static_cast<int>(width), static_cast<int>(height)};
 }
 

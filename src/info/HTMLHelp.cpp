@@ -25,7 +25,7 @@ void HTMLHelp::Open() {
                     " again.");
         return;
     }
-    m_g.Shell.Start(viewer, {Find(CHMFile).string()});
+    m_g.Shell.StartCompanion(viewer, {Find(CHMFile).string()});
 }
 
 bool HTMLHelp::EnsureFileExists(const std::string& File) {

@@ -33,6 +33,7 @@ constexpr const char* Pictures[] = {"buttons/book",   "buttons/review", "buttons
                                     "buttons/update", "buttons/make",   "buttons/cancel"};
 
 constexpr char DefaultHelp[] = "DEFAULT";
+constexpr char UnreadFolder[] = "unread";
 constexpr std::size_t ExtensionLength = 3;
 
 bool HasExtension(std::string_view file, std::string_view extension) {
@@ -183,13 +184,17 @@ void DlgHelp::OpenPage(const std::string& page) {
     OpenInBrowser(m_g.Shell, m_g.gErrHandler, ProductSetting(m_g, "WebSite", m_g.Application.WebSite) + page);
 }
 
-// The game's file is unpacked for the Player's own help too, though nobody reads it then.
+// The game's file is unpacked for the Player's own help too. Nobody reads it then, so it goes again at once;
+// and it never lies beside the program, whose files it could replace.
 void DlgHelp::ShowHTMLHelp(const std::string& FileName, bool IsGameHelp) {
     Procedure(m_g.gErrHandler, "dlgHelp:ShowHTMLHelp", [&] {
         const CGame& game = Required(Game);
-        const std::filesystem::path folder = IsGameHelp ? GameFolder() : m_g.AppDir;
+        const std::filesystem::path folder = IsGameHelp ? GameFolder() : m_g.AppDir / UnreadFolder;
+        std::error_code ignored;
+        std::filesystem::create_directory(folder, ignored);
         if (!game.HelpFile.empty())
             m_packages.ExtractFile(m_g.AppDir / (game.GameDirectory + ".gam"), folder, game.HelpFile, false);
+        if (!IsGameHelp) std::filesystem::remove_all(folder, ignored);
         HTMLHelp help(m_g);
         help.CHMFile = ((IsGameHelp ? folder : m_g.Application.ShareDir) / FileName).string();
         help.HHDisplayIndex();

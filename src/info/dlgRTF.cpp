@@ -1,6 +1,7 @@
 #include "info/dlgRTF.h"
 
 #include "info/rich_text.h"
+#include "packages/limits.h"
 #include "platform/files.h"
 #include "platform/text.h"
 #include "presentation/modRepositioner.h"
@@ -10,7 +11,22 @@ namespace tabulon {
 
 namespace {
 
-constexpr std::size_t LargestHelpFile = 4u << 20;
+/// A file that goes with the object. The log of failures stays, whatever a game calls its help.
+class UnpackedFile {
+  public:
+    UnpackedFile(std::filesystem::path folder, std::string name)
+        : m_folder(std::move(folder)), m_name(std::move(name)) {}
+    ~UnpackedFile() {
+        std::error_code ignored;
+        if (!EqualNoCase(m_name, ErrorLog)) std::filesystem::remove(FindFile(m_folder, m_name), ignored);
+    }
+    UnpackedFile(const UnpackedFile&) = delete;
+    UnpackedFile& operator=(const UnpackedFile&) = delete;
+
+  private:
+    std::filesystem::path m_folder;
+    std::string m_name;
+};
 
 }  // namespace
 
@@ -46,10 +62,10 @@ void DlgRTF::ShowGameHelp(const std::shared_ptr<CGame>& oGame, bool& Ok) {
         SetFormObjectFonts(m_g, *this, Game->Font, Game->FontSize);
         m_packages.ExtractFile(m_g.AppDir / (Game->GameDirectory + ".gam"), m_g.AppDir, Game->HelpFile,
                                false);
+        const UnpackedFile unpacked(m_g.AppDir, Game->HelpFile);
         LoadText(FindFile(m_g.AppDir, Game->HelpFile));
         cmdDummy.SetFocus();
         ShowModal();
-        DeleteHelpFile();
         Game.reset();
         Unload();
     });
@@ -57,16 +73,11 @@ void DlgRTF::ShowGameHelp(const std::shared_ptr<CGame>& oGame, bool& Ok) {
 
 void DlgRTF::LoadText(const std::filesystem::path& file) {
     if (file.empty()) throw Failure(FailureNumber::FileNotFound);
-    const std::string bytes = ReadFile(file, LargestHelpFile);
+    const std::string bytes = ReadFile(file, limits::HelpTextBytes);
     if (IsRichText(bytes))
         rtbUserHelp.Paragraphs = ReadRichText(bytes);
     else
         rtbUserHelp.Content = ToUtf8(bytes);
-}
-
-void DlgRTF::DeleteHelpFile() {
-    const std::filesystem::path file = FindFile(m_g.AppDir, Game->HelpFile);
-    if (!file.empty()) std::filesystem::remove(file);
 }
 
 bool DlgRTF::Form_KeyDown(int KeyCode) {

@@ -28,7 +28,6 @@ class DlgRTF : public Form {
   private:
     void RepositionElements();
     void LoadText(const std::filesystem::path& file);
-    void DeleteHelpFile();
     bool Form_KeyDown(int KeyCode);
 
     Globals& m_g;

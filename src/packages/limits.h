@@ -14,8 +14,8 @@ inline constexpr std::uint64_t EntryBytes = 64ULL << 20;
 inline constexpr std::uint64_t ArchiveBytes = 512ULL << 20;
 
 inline constexpr std::size_t SettingsBytes = 1U << 20;
-/// Each is a write of its own, and may be a message of its own.
-inline constexpr std::size_t SettingsLines = 256;
+/// Help as plain or rich text.
+inline constexpr std::size_t HelpTextBytes = 4U << 20;
 inline constexpr std::size_t ContentFileBytes = 16U << 20;
 /// Elements inside one another.
 inline constexpr int ContentDepth = 32;

@@ -18,6 +18,8 @@ namespace fs = std::filesystem;
 constexpr const char* UnpackedKinds[] = {"*.dat", "*.xml", "*.txt", "*.chm",
                                          "*.hlp", "*.jpg", "*.bmp", "*.gif"};
 constexpr const char* KeptKinds[] = {".gam", ".snd", ".db", ".log"};
+/// Of its own, since a clean-up takes every .xml of the data directory.
+constexpr char LogFolder[] = "logs";
 constexpr std::size_t ExtensionLength = 4;
 
 std::string GameKeyPath(const std::string& name) { return std::string(GamesKey) + "\\" + name; }
@@ -25,21 +27,12 @@ std::string GameKeyPath(const std::string& name) { return std::string(GamesKey) 
 std::vector<std::string> LinesOf(const fs::path& file) {
     const fs::path found = FindFile(file.parent_path(), file.filename().string());
     if (found.empty()) throw Failure(FailureNumber::FileNotFound);
-    std::vector<std::string> lines = Lines(ToUtf8(ReadFile(found, limits::SettingsBytes)));
-    if (lines.size() > limits::SettingsLines) throw Failure(FailureNumber::FileIoError, "Too many settings");
-    return lines;
-}
-
-/// Packages, sound archives, the settings and the trace lie beside what is unpacked: no entry may take their
-/// place.
-bool IsKept(const std::string& name) {
-    std::string extension = fs::path(name).extension().string();
-    extension.resize(extension.find('-') == extension.npos ? extension.size() : extension.find('-'));
-    return std::ranges::any_of(KeptKinds, [&](const char* kind) { return EqualNoCase(extension, kind); });
+    return Lines(ToUtf8(ReadFile(found, limits::SettingsBytes)));
 }
 
 void WriteEntry(const fs::path& folder, const std::string& name, const std::string& bytes) {
-    if (IsKept(name)) throw Failure(FailureNumber::PermissionDenied, "\"" + name + "\" may not be unpacked");
+    if (IsKeptName(name))
+        throw Failure(FailureNumber::PermissionDenied, "\"" + name + "\" may not be unpacked");
     WriteFile(folder / name, bytes);
 }
 
@@ -54,6 +47,13 @@ std::string XmlText(std::string text) {
 }
 
 }  // namespace
+
+bool IsKeptName(const std::string& name) {
+    if (EqualNoCase(name, ErrorLog)) return true;
+    std::string extension = fs::path(name).extension().string();
+    extension.resize(extension.find('-') == extension.npos ? extension.size() : extension.find('-'));
+    return std::ranges::any_of(KeptKinds, [&](const char* kind) { return EqualNoCase(extension, kind); });
+}
 
 bool modInstallUninstall::ExtractFile(const fs::path& GamFile, const fs::path& DestDir,
                                       const std::string& FileName, bool CheckOnly) {
@@ -96,11 +96,9 @@ bool modInstallUninstall::InstallGame(const std::string& Name) {
 bool modInstallUninstall::InstallGameSettings(const std::string& Name) {
     bool Result = false;
     Procedure(m_g.gErrHandler, "modInstallUninstall:InstallGameSettings", [&] {
-        for (const std::string& line : LinesOf(m_g.AppDir / (Name + ".dat")))
-            if (const SettingsLine* setting = FindSettingsLine(line))
-                m_g.Registry.RegistrySetKeyValue(HKEY_LOCAL_MACHINE, GameKeyPath(Name),
-                                                 std::string(setting->ValueName), setting->ValueOf(line),
-                                                 setting->ValueType);
+        for (const auto& [setting, value] : EffectiveSettings(LinesOf(m_g.AppDir / (Name + ".dat"))))
+            m_g.Registry.RegistrySetKeyValue(HKEY_LOCAL_MACHINE, GameKeyPath(Name),
+                                             std::string(setting->ValueName), value, setting->ValueType);
         Result = true;
     });
     return Result;
@@ -160,7 +158,7 @@ bool modInstallUninstall::UninstallGame(const std::string& GameKey) {
 void modInstallUninstall::CleanupGameDir() {
     Procedure(m_g.gErrHandler, "modInstallUninstall:CleanupGameDir", [&] {
         if (m_archive) m_archive->StopAhead();  // a load has ended: nobody takes the entries that come next
-        for (const char* kind : UnpackedKinds) DeleteMatching(m_g.AppDir, kind);
+        for (const char* kind : UnpackedKinds) DeleteMatching(m_g.AppDir, kind, ErrorLog);
     });
 }
 
@@ -181,8 +179,11 @@ void modInstallUninstall::SaveXmlLog(const fs::path& GamFile, const std::string&
                             XmlText(GamFile.filename().string()) + "</archive>\n  <asked>" +
                             XmlText(FileName) + "</asked>\n  <failure>" + XmlText(Why) +
                             "</failure>\n</log>\n";
+    const fs::path folder = m_g.AppDir / LogFolder;
+    std::error_code ignored;
+    fs::create_directory(folder, ignored);
     try {
-        WriteFile(m_g.AppDir / "log.xml", log);
+        WriteFile(folder / "log.xml", log);
     } catch (const Failure&) {
         // The failure that brought us here is the one to report.
     }

@@ -16,6 +16,10 @@ inline constexpr std::string_view HiddenGame = "{7C6EC008-7412-44C0-9490-CAC42FB
 /// The key of the game that cannot be uninstalled.
 inline constexpr std::string_view PermanentGame = "{E9828766-ABAC-4526-881D-008053E8CE1E}";
 
+/// True for the names of the program's own files beside what is unpacked (packages, sound archives, the
+/// settings, the trace, the log of failures): no entry may take their place.
+bool IsKeptName(const std::string& name);
+
 /// Packages: what is got out of them, installed and cleaned up. Working files lie in the data directory.
 class modInstallUninstall {
   public:
@@ -23,8 +27,8 @@ class modInstallUninstall {
 
     /// Unpacks the first entry whose name begins with FileName ("*" in it stands for any text) into DestDir,
     /// under the entry's own name. A missing package or entry is no failure. With CheckOnly nothing is
-    /// unpacked, and the result tells whether there is such an entry. False after a failure, with "log.xml"
-    /// in the data directory.
+    /// unpacked, and the result tells whether there is such an entry. False after a failure, which
+    /// "logs/log.xml" in the data directory explains.
     bool ExtractFile(const std::filesystem::path& GamFile, const std::filesystem::path& DestDir,
                      const std::string& FileName, bool CheckOnly);
 
@@ -43,7 +47,7 @@ class modInstallUninstall {
     /// Removes the game's key with its saved games; the package stays.
     bool UninstallGame(const std::string& GameKey);
 
-    /// Deletes all files of the kinds that are unpacked.
+    /// Deletes all files of the kinds that are unpacked; the log of failures is none.
     void CleanupGameDir();
     /// Deletes the settings files.
     void CleanupGameFiles();

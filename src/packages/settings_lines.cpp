@@ -1,6 +1,11 @@
 #include "packages/settings_lines.h"
 
 #include <algorithm>
+#include <ranges>
+#include <set>
+
+#include "platform/failure.h"
+#include "platform/numbers.h"
 
 namespace tabulon {
 
@@ -34,6 +39,16 @@ constexpr SettingsLine Table[] = {
     {"Music Genre=", "Music Genre", REG_SZ},
 };
 
+bool Converts(const SettingsLine& setting, const std::string& value) {
+    if (setting.ValueType != REG_DWORD) return true;
+    try {
+        ToLong(std::string_view(value));
+        return true;
+    } catch (const Failure&) {
+        return false;
+    }
+}
+
 }  // namespace
 
 std::span<const SettingsLine> AllSettingsLines() { return Table; }
@@ -42,6 +57,19 @@ const SettingsLine* FindSettingsLine(std::string_view line) {
     const auto found = std::ranges::find_if(
         Table, [&](const SettingsLine& setting) { return line.starts_with(setting.Beginning); });
     return found == std::end(Table) ? nullptr : found;
+}
+
+std::vector<Setting> EffectiveSettings(const std::vector<std::string>& lines) {
+    std::vector<Setting> settings;
+    std::set<const SettingsLine*> settled;
+    for (const std::string& line : lines | std::views::reverse) {
+        const SettingsLine* known = FindSettingsLine(line);
+        if (!known) continue;
+        const std::string value = known->ValueOf(line);
+        if (!Converts(*known, value) || settled.insert(known).second) settings.push_back({known, value});
+    }
+    std::ranges::reverse(settings);
+    return settings;
 }
 
 }  // namespace tabulon

@@ -4,6 +4,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/modRegistry.h"
 
@@ -25,5 +26,15 @@ std::span<const SettingsLine> AllSettingsLines();
 
 /// Null for a line that sets nothing.
 const SettingsLine* FindSettingsLine(std::string_view line);
+
+struct Setting {
+    const SettingsLine* Line;
+    std::string Value;
+};
+
+/// What the lines of a file set, in their order, without what a later line sets anew: a file may have
+/// thousands of lines, and each setting is written by itself. A number that is none takes no other's place,
+/// and stays for the user to be told.
+std::vector<Setting> EffectiveSettings(const std::vector<std::string>& lines);
 
 }  // namespace tabulon

@@ -184,9 +184,10 @@ std::vector<fs::path> FilesMatching(const fs::path& dir, std::string_view patter
     });
 }
 
-void DeleteMatching(const fs::path& dir, std::string_view pattern) {
+void DeleteMatching(const fs::path& dir, std::string_view pattern, std::string_view kept) {
     bool refused = false;
     for (const fs::path& file : FilesMatching(dir, pattern)) {
+        if (EqualNoCase(file.filename().native(), kept)) continue;
         std::error_code trouble;
         fs::remove(file, trouble);
         refused |= static_cast<bool>(trouble);

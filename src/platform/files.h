@@ -23,9 +23,9 @@ std::filesystem::path FindFile(const std::filesystem::path& dir, std::string_vie
 /// symbolic links are passed over, since they may lead out of the folder.
 std::vector<std::filesystem::path> FilesMatching(const std::filesystem::path& dir, std::string_view pattern);
 
-/// Deletes what FilesMatching finds. Fails with PermissionDenied when any of it cannot be deleted, after
-/// deleting the rest.
-void DeleteMatching(const std::filesystem::path& dir, std::string_view pattern);
+/// Deletes what FilesMatching finds, but for a file of the name `kept`. Fails with PermissionDenied when any
+/// of it cannot be deleted, after deleting the rest.
+void DeleteMatching(const std::filesystem::path& dir, std::string_view pattern, std::string_view kept = {});
 
 /// True for a regular file, or a link to one.
 bool FileExists(const std::filesystem::path& path);

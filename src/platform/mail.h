@@ -13,6 +13,7 @@ struct MailMessage {
     std::string Subject;
     std::string Body;
     std::filesystem::path Attachment;  // empty for none
+    bool OnlyVerified = false;         // true: to no server that cannot prove its name
 };
 
 /// Sends mail. All texts are UTF-8.
@@ -20,19 +21,22 @@ class Mail {
   public:
     virtual ~Mail() = default;
     /// True when the host of the server can be reached. `server` is a name or an address, with ":port" or
-    /// without.
-    virtual bool IsDestinationReachable(const std::string& server) = 0;
-    /// True when the server took the message. Blocks until then or until patience ends; `whileWaiting` is
-    /// called now and then meanwhile.
+    /// without. `whileWaiting` is called several times a second meanwhile.
+    virtual bool IsDestinationReachable(const std::string& server,
+                                        const std::function<void()>& whileWaiting) = 0;
+    /// True when the server took the message. Blocks until then or until patience ends; `progress` is told
+    /// several times a second how much has gone out, from 0 to 100 percent.
     virtual bool Send(const MailMessage& message, const std::string& server,
-                      const std::function<void()>& whileWaiting) = 0;
+                      const std::function<void(int percent)>& progress) = 0;
 };
 
 /// Where no mail goes out.
 class NoMail final : public Mail {
   public:
-    bool IsDestinationReachable(const std::string&) override { return false; }
-    bool Send(const MailMessage&, const std::string&, const std::function<void()>&) override { return false; }
+    bool IsDestinationReachable(const std::string&, const std::function<void()>&) override { return false; }
+    bool Send(const MailMessage&, const std::string&, const std::function<void(int)>&) override {
+        return false;
+    }
 };
 
 }  // namespace tabulon

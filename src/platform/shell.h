@@ -16,6 +16,9 @@ class Shell {
     /// Starts a program on its own.
     virtual void Start(const std::filesystem::path& program,
                        const std::vector<std::string>& arguments = {}) = 0;
+    /// Starts a program that ends with this one, however this one ends.
+    virtual void StartCompanion(const std::filesystem::path& program,
+                                const std::vector<std::string>& arguments) = 0;
     /// True when another copy of the program runs.
     virtual bool PreviousInstance() = 0;
     /// Asks that copy to come to the foreground; false when it does not answer.

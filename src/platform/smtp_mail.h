@@ -4,8 +4,9 @@
 
 namespace tabulon {
 
-/// Sends by SMTP, encrypted when the server offers that. Nothing that a user typed can add a header, a
-/// command or a recipient: a message with such a text, or with what is no address, is not sent.
+/// Sends by SMTP, encrypted when the server offers that, whoever signed its certificate. Nothing that a user
+/// typed can add a header, a command or a recipient: a message with such a text, or with what is no address,
+/// is not sent.
 class SmtpMail final : public Mail {
   public:
     struct Patience {
@@ -17,9 +18,10 @@ class SmtpMail final : public Mail {
     SmtpMail() : SmtpMail(Patience{}) {}
     explicit SmtpMail(const Patience& patience) : m_patience(patience) {}
 
-    bool IsDestinationReachable(const std::string& server) override;
+    bool IsDestinationReachable(const std::string& server,
+                                const std::function<void()>& whileWaiting) override;
     bool Send(const MailMessage& message, const std::string& server,
-              const std::function<void()>& whileWaiting) override;
+              const std::function<void(int percent)>& progress) override;
 
   private:
     Patience m_patience;

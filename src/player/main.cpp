@@ -36,9 +36,32 @@ bool HasDisplay() {
     return false;
 }
 
-int PlayInWindow(int argc, char** argv, const ApplicationInfo& application,
-                 const std::filesystem::path& dataDirectory, SettingsStore& store) {
+int PlayInTerminal() {
+    const ApplicationInfo application = Application();
+    const std::filesystem::path dataDirectory = DataDirectory(application.Executable);
+    SettingsStore store(dataDirectory / SettingsFile);
+    return PlayInTerminal(application, dataDirectory, store);
+}
+
+/// A display that is named may not be there. The toolkit tells so with a fatal message, behind which it would
+/// abort: nothing of it can be used any more, and there is nothing to return to.
+void PlayInTerminalInstead(QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type != QtFatalMsg) {
+        std::cerr << text.toStdString() << '\n';
+        return;
+    }
+    const int status = PlayInTerminal();
+    std::cout.flush();
+    std::_Exit(status);
+}
+
+int PlayInWindow(int argc, char** argv) {
+    const QtMessageHandler usual = qInstallMessageHandler(PlayInTerminalInstead);
     const std::unique_ptr<QApplication> qt = MakeApplication(argc, argv);
+    qInstallMessageHandler(usual);
+    const ApplicationInfo application = Application();
+    const std::filesystem::path dataDirectory = DataDirectory(application.Executable);
+    SettingsStore store(dataDirectory / SettingsFile);
     Look::ApplyTo(*qt);
     QtScreen screen(application.ShareDir / "pictures", application.Title);
     QtShell shell(application.Executable, dataDirectory);
@@ -61,10 +84,4 @@ int PlayInWindow(int argc, char** argv, const ApplicationInfo& application,
 
 }  // namespace
 
-int main(int argc, char** argv) {
-    const ApplicationInfo application = Application();
-    const std::filesystem::path dataDirectory = DataDirectory(application.Executable);
-    SettingsStore store(dataDirectory / SettingsFile);
-    if (HasDisplay()) return PlayInWindow(argc, argv, application, dataDirectory, store);
-    return PlayInTerminal(application, dataDirectory, store);
-}
+int main(int argc, char** argv) { return HasDisplay() ? PlayInWindow(argc, argv) : PlayInTerminal(); }

@@ -58,6 +58,19 @@ int PlayTurns(FrmMain& form) {
     return form.State.GameOver ? 0 : 1;
 }
 
+int PlayGame(Program& program) {
+    try {
+        program.Main();
+        std::cout << program.frmMain.lblGameName.Caption << "\n\n";
+        return PlayTurns(program.frmMain);
+    } catch (const Stuck& stuck) {
+        std::cout << "The game cannot go on: " << stuck.Why << ".\n";
+    } catch (const ProgramEnd&) {
+        std::cout << "There is no game to play.\n";
+    }
+    return 1;
+}
+
 }  // namespace
 
 int PlayInTerminal(const ApplicationInfo& application, const std::filesystem::path& dataDirectory,
@@ -71,16 +84,11 @@ int PlayInTerminal(const ApplicationInfo& application, const std::filesystem::pa
     SilentOggPlayer silence;
     Program program({screen, clock, random, shell, silence, store, application, dataDirectory});
     user.Sit(program);
-    try {
-        program.Main();
-        std::cout << program.frmMain.lblGameName.Caption << "\n\n";
-        return PlayTurns(program.frmMain);
-    } catch (const Stuck& stuck) {
-        std::cout << "The game cannot go on: " << stuck.Why << ".\n";
-    } catch (const ProgramEnd&) {
-        std::cout << "There is no game to play.\n";
-    }
-    return 1;
+    const int status = PlayGame(program);
+    // Nobody closes a window here, which would put away what lies unpacked.
+    program.frmGameMusic.StopGameMusic();
+    program.packages.CleanupGameDir();
+    return status;
 }
 
 }  // namespace tabulon

@@ -46,6 +46,7 @@ void LineEditView::SyncOwn() {
     if (m_font.Take(box.Font)) m_edit.setFont(FontOfLine(box.Font, m_edit));
     if (m_maxLength.Take(box.MaxLength)) m_edit.setMaxLength(box.MaxLength > 0 ? box.MaxLength : NoLimit);
     if (m_text.Take(box.Text)) m_edit.setText(ToQt(box.Text));
+    if (m_marked.Take(box.Marked)) Look::Mark(m_edit, box.Marked);
     if (!box.SelectAllRequested) return;
     box.SelectAllRequested = false;
     m_edit.selectAll();

@@ -24,6 +24,7 @@ class LineEditView final : public ViewOf<TextBox> {
     Applied<std::string> m_text;
     Applied<Font> m_font;
     Applied<int> m_maxLength;
+    Applied<bool> m_marked;
 };
 
 /// Several lines that the user writes.

@@ -5,6 +5,7 @@
 #include <QPalette>
 #include <QProxyStyle>
 #include <QStyleFactory>
+#include <QWidget>
 #include <algorithm>
 
 namespace tabulon {
@@ -65,6 +66,8 @@ QString StyleSheet() {
                "%3; }"
                "QLineEdit:disabled, QPlainTextEdit:disabled, QTextEdit:disabled, QListWidget:disabled {"
                " background: transparent; color: %2; border: 1px solid %2; }"
+               "QLineEdit[marked=true] { background: #FFE1DA; color: #8E1B1B; border-color: #D2342B; }"
+               "QLineEdit[marked=true]:focus { border-color: %3; }"
                "QComboBox { combobox-popup: 0; }"
                "QComboBox QAbstractItemView { background: %2; color: %1; border: 2px solid %1; }"
                "QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }"
@@ -91,6 +94,12 @@ void Look::ApplyTo(QApplication& application) {
     application.setPalette(PaletteOfTheLook());
     application.setPalette(PaletteOfArrows(), "QToolButton");
     application.setStyleSheet(StyleSheet());
+}
+
+void Look::Mark(QWidget& input, bool marked) {
+    input.setProperty("marked", marked);
+    input.style()->unpolish(&input);  // the style sheet looks at properties only when a widget is polished
+    input.style()->polish(&input);
 }
 
 /// Yellow shows on the dark ground of a window, the ink inside it on a light button.

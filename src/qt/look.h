@@ -7,6 +7,7 @@
 
 class QApplication;
 class QPaintEvent;
+class QWidget;
 
 namespace tabulon {
 
@@ -29,6 +30,8 @@ struct Look {
 
     /// Gives the application its style, palette and style sheet.
     static void ApplyTo(QApplication& application);
+    /// Shows that the text of an input cannot be used as it is.
+    static void Mark(QWidget& input, bool marked);
     static void DrawFocusRing(QPainter& painter, const QRectF& around);
 };
 

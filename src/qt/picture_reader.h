@@ -9,13 +9,6 @@
 
 namespace tabulon {
 
-/// What a picture of a package may measure: far above any real board, far below what ends the memory.
-struct PictureLimits {
-    static constexpr qint64 FileBytes = qint64{64} * 1024 * 1024;
-    static constexpr int Side = 16384;
-    static constexpr qint64 Pixels = 100'000'000;
-};
-
 /// Reads a BMP, GIF, JPEG or PNG picture, known by its content. Fails with FileNotFound, or with
 /// InvalidPicture for what is none, is damaged or breaks a limit.
 std::shared_ptr<const FilePicture> ReadPictureFile(const std::filesystem::path& file);

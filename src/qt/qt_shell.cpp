@@ -5,9 +5,10 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLocalSocket>
-#include <QProcess>
 #include <QStandardPaths>
 #include <QUrl>
+#include <csignal>
+#include <sys/prctl.h>
 #include <utility>
 
 #include "qt/text.h"
@@ -17,6 +18,7 @@ namespace tabulon {
 namespace {
 
 constexpr int AnswerMilliseconds = 3000;
+constexpr int EndingMilliseconds = 1000;
 constexpr char Answered = '!';
 
 /// A short name (a socket's path has little room) in the user's own folder.
@@ -30,6 +32,12 @@ QString NameFor(const std::filesystem::path& dataDirectory) {
 
 bool IsWebOrMail(const QUrl& url) {
     return url.scheme() == "http" || url.scheme() == "https" || url.scheme() == "mailto";
+}
+
+QStringList ToList(const std::vector<std::string>& arguments) {
+    QStringList given;
+    for (const std::string& argument : arguments) given.append(ToQt(argument));
+    return given;
 }
 
 bool IsSameFile(const std::filesystem::path& a, const std::filesystem::path& b) {
@@ -81,6 +89,13 @@ QtShell::QtShell(std::filesystem::path ownProgram, const std::filesystem::path& 
     };
 }
 
+QtShell::~QtShell() {
+    for (const auto& companion : m_companions) {
+        companion->terminate();
+        if (!companion->waitForFinished(EndingMilliseconds)) companion->kill();
+    }
+}
+
 void QtShell::Open(const std::string& target) {
     const QUrl url(ToQt(target));
     if (IsWebOrMail(url))
@@ -91,9 +106,18 @@ void QtShell::Open(const std::string& target) {
 
 void QtShell::Start(const std::filesystem::path& program, const std::vector<std::string>& arguments) {
     if (IsSameFile(program, m_ownProgram)) m_instance.Release();
-    QStringList given;
-    for (const std::string& argument : arguments) given.append(ToQt(argument));
-    QProcess::startDetached(ToQt(program.native()), given);
+    QProcess::startDetached(ToQt(program.native()), ToList(arguments));
+}
+
+// The system ends the companion where this program has no time to: after a crash, or a kill.
+void QtShell::StartCompanion(const std::filesystem::path& program,
+                             const std::vector<std::string>& arguments) {
+    std::erase_if(m_companions, [](const auto& each) { return each->state() == QProcess::NotRunning; });
+    QProcess& companion = *m_companions.emplace_back(std::make_unique<QProcess>());
+    companion.setProcessChannelMode(QProcess::ForwardedChannels);
+    companion.setStandardInputFile(QProcess::nullDevice());
+    companion.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
+    companion.start(ToQt(program.native()), ToList(arguments));
 }
 
 bool QtShell::PreviousInstance() { return !m_instance.Claim(); }

@@ -2,9 +2,11 @@
 
 #include <QLocalServer>
 #include <QLockFile>
+#include <QProcess>
 #include <QString>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -40,10 +42,13 @@ class QtShell final : public Shell {
   public:
     /// `ownProgram` is the file of the running program, `dataDirectory` the one whose games it plays.
     QtShell(std::filesystem::path ownProgram, const std::filesystem::path& dataDirectory);
+    ~QtShell() override;
 
     void Open(const std::string& target) override;
     /// Starting the own program hands it the place of the one copy.
     void Start(const std::filesystem::path& program, const std::vector<std::string>& arguments = {}) override;
+    void StartCompanion(const std::filesystem::path& program,
+                        const std::vector<std::string>& arguments) override;
     bool PreviousInstance() override;
     bool RaisePreviousInstance() override;
 
@@ -53,6 +58,7 @@ class QtShell final : public Shell {
   private:
     std::filesystem::path m_ownProgram;
     SingleInstance m_instance;
+    std::vector<std::unique_ptr<QProcess>> m_companions;
 };
 
 }  // namespace tabulon

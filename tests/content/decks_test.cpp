@@ -9,6 +9,7 @@ using test::ContentXml;
 using test::DeckRow;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::UnorderedElementsAre;
 
 class CDecksTest : public test::GameTest {
   protected:
@@ -95,7 +96,7 @@ TEST_F(CDecksTest, AFailureInDecksKeepsThoseBeforeIt) {
     EXPECT_FALSE(decks.Load());
     EXPECT_EQ(decks.Count(), 1);
     EXPECT_THAT(machine.Errors, ElementsAre("cDecks:Load 94"));
-    EXPECT_THAT(Files(), ElementsAre(Key + ".gam"));
+    EXPECT_THAT(Files(), UnorderedElementsAre(Key + ".gam", "ERRORS.TXT"));
 }
 
 TEST_F(CDecksTest, AFailureInCardsKeepsThoseBeforeItAndDrawsNothing) {

@@ -66,6 +66,12 @@ INSTANTIATE_TEST_SUITE_P(
              Table("<rs:data>" + Row1 + "<rs:delete>" + Row2 + "</rs:delete><rs:update><rs:original>" + Row2 +
                    "</rs:original></rs:update></rs:data>"),
              "1:a"},
+        Form{"CurrentRowsOfAnUpdate",
+             Table("<rs:data><rs:update><rs:original>" + Row1 +
+                   "</rs:original><z:row Text='new'/></rs:update>" + Row2 + "<rs:update><rs:original>" +
+                   Row2 + "</rs:original>" + Row1 + "<rs:original>" + Row1 +
+                   "</rs:original><z:row Number='3'/></rs:update></rs:data>"),
+             "1:new 2:b 1:a 3:a"},
         Form{"ByteOrderMark", "\xEF\xBB\xBF" + Table(Both), "1:a 2:b"},
         Form{"Declaration", "<?xml version='1.0' encoding='windows-1252'?>" + Table(Both), "1:a 2:b"},
         Form{"DoubleQuotes", ReplaceAll(Table(Both), "'", "\""), "1:a 2:b"},
@@ -124,6 +130,9 @@ INSTANTIATE_TEST_SUITE_P(
         Unusable{"TooManyAttributesOfAColumn", "<xml " + Bindings + "><s:Schema><s:AttributeType" +
                                                    Repeated(" rs:name=''", limits::ElementAttributes + 1) +
                                                    "/></s:Schema>" + Both + "</xml>"},
+        Unusable{"TooManyAttributesOfAChangedRow",
+                 Table("<rs:data><rs:update><z:row" + Repeated(" b=''", limits::ElementAttributes + 1) +
+                       "/></rs:update></rs:data>")},
         Unusable{"TooManyColumns", "<xml " + Bindings + "><s:Schema>" +
                                        Repeated("<s:AttributeType name='x'/>", limits::Columns + 1) +
                                        "</s:Schema>" + Both + "</xml>"},

@@ -85,10 +85,19 @@ class Desktop:
         (self.folder / "bin").mkdir()
         for program in ("tabulon-player", "tabulon-setup", "tabulon-help"):
             shutil.copy2(self.build / "bin" / program, self.folder / "bin")
-        (self.folder / "share").symlink_to(self.build / "share")
         for package in (self.build / "var/games/tabulon").glob("*.gam"):
             shutil.copy2(package, self.games)
+        self.share()
         self.set_up()
+
+    def share(self):
+        """The program's own files, with all packages that lie there among the games of the installation."""
+        folder = self.folder / "share/tabulon"
+        folder.mkdir(parents=True)
+        for file in (self.build / "share/tabulon").iterdir():
+            (folder / file.name).symlink_to(file)
+        (folder / "games.txt").unlink()
+        (folder / "games.txt").write_text("".join(f"{package.stem}\n" for package in self.games.glob("*.gam")))
 
     def set_up(self, *options):
         subprocess.run([self.folder / "bin/tabulon-setup", *options], check=True, stdout=subprocess.DEVNULL)

@@ -20,7 +20,9 @@ def main(build):
         step_through_tips(desktop)
         read_compiled_help(desktop)
         read_own_help(desktop)
+        leave_own_help_open(desktop)
         table.leave(desktop)
+        assert not runs(desktop.folder / "bin/tabulon-help"), "the help viewer ends with the Player"
         for game, words in (("The Wonder Museum", "museum"), ("Comet Traders", "comet")):
             desktop.start()
             begin(desktop, game)
@@ -124,6 +126,24 @@ def read_own_help(desktop):
     desktop.key("Escape")
     desktop.wait_for("the Player's help to close", lambda: not viewers(desktop, OWN_HELP))
     close_help(desktop)
+
+
+def leave_own_help_open(desktop):
+    open_help(desktop)
+    desktop.click(desktop.wait_for("the button of the Player's help", lambda: desktop.button("Player Help")))
+    viewer(desktop, OWN_HELP)
+    raise_player(desktop)
+    close_help(desktop)
+
+
+def runs(program):
+    for process in pathlib.Path("/proc").glob("[0-9]*"):
+        try:
+            if (process / "exe").readlink() == program:
+                return True
+        except OSError:
+            pass  # it has ended, or is somebody else's
+    return False
 
 
 def ask_once_more(desktop):

@@ -4,11 +4,13 @@
 #include <gmock/gmock.h>
 
 #include "gamepack/game_folder.h"
+#include "packages/limits.h"
 
 namespace tabulon::gamepack {
 namespace {
 
 using test::CardRow;
+using test::ContentXml;
 using test::DeckRow;
 using test::GameFolder;
 using test::SpaceRow;
@@ -49,6 +51,13 @@ auto CardMoving(const std::string& action, const std::string& data1) {
     };
 }
 
+auto Help(const std::string& name, const std::string& bytes) {
+    return [=](GameFolder& game) {
+        game.Settings += "Help File=" + name + "\r\n";
+        game.More.push_back({name, bytes});
+    };
+}
+
 const Fault Faults[] = {
     // the settings
     {"NoName", Setting("Game Name=Small", "Game Name="), "error", ".dat:1: "},
@@ -76,6 +85,16 @@ const Fault Faults[] = {
     {"BoardThatBeginsAlike", Setting("board.bmp", "board"), "error", "the Player would take \"board.bmp\""},
     {"BoardThatIsNone", [](GameFolder& game) { game.Board = "no picture"; }, "error", "board.bmp: "},
     {"HelpThatIsNotShown", Line("Help File=board.bmp"), "warning", "does not show this kind of help"},
+
+    {"TooLarge", Line("Remark " + std::string(limits::SettingsBytes, 'x')), "error", "larger than 1 MB"},
+    {"NameOfThePlayersOwn", Line("Help File=errors.txt"), "error", "named like one of its own"},
+    {"BoardTooLarge",
+     [](GameFolder& game) { game.Board.replace(18, 6, std::string("\x00\x40\0\0\x00\x40", 6)); }, "error",
+     "no more than 100 million pixels"},
+    {"HelpTooLarge", Help("help.txt", std::string(limits::HelpTextBytes + 1, 'x')), "error",
+     "larger than 4 MB"},
+    {"HelpCutOff", Help("help.rtf", "{\\rtf1 {\\b Throw"), "error", "rich text that the Player cannot read"},
+    {"HelpThatIsNotCompiled", Help("help.chm", "ITSF"), "error", "cannot unpack it"},
 
     // the spaces
     {"NoXml", [](GameFolder& game) { game.Spaces = "<z:row"; }, "error", "spaces.xml: "},
@@ -119,6 +138,11 @@ const Fault Faults[] = {
      "the deck's number is not whole"},
     {"DeckTwice", [](GameFolder& game) { game.Decks += DeckRow("1"); }, "warning", "several decks 1"},
     {"NoCards", [](GameFolder& game) { game.Cards = ""; }, "error", "cards1.xml: no card"},
+    {"TooManyDecks",
+     [](GameFolder& game) {
+         for (std::size_t n = 0; n < limits::Decks; ++n) game.Decks += DeckRow("1");
+     },
+     "error", "more than 500 decks"},
     {"OtherDeck", CardWith("DeckID", "2"), "warning", "belongs to deck 2"},
     {"NumberTwice", CardWith("Index", "2"), "warning", "several cards 2"},
     {"Gap", CardWith("Index", "4"), "warning", "there is no card 3 among 3"},
@@ -142,6 +166,20 @@ TEST(CheckTest, FindsWhatIsWrong) {
         EXPECT_THAT(findings.Lines(), Contains(AllOf(StartsWith(row.Level), HasSubstr(row.Finding))));
         EXPECT_EQ(findings.HasErrors(), row.Level == std::string("error"));
     }
+}
+
+TEST(CheckTest, CardsOfAllDecksAreCountedTogether) {
+    GameFolder game;
+    std::string rows;
+    for (std::size_t n = 1; n <= limits::Rows; ++n) rows += CardRow(static_cast<int>(n));
+    const std::string cards = ContentXml(CCards::Columns(), rows);
+    for (std::size_t deck = 2; deck <= limits::Cards / limits::Rows + 1; ++deck) {
+        const std::string number = std::to_string(deck);
+        game.Decks += DeckRow(number);
+        game.More.push_back(
+            {"cards" + number + ".xml", ReplaceAll(cards, "DeckID='1'", "DeckID='" + number + "'")});
+    }
+    EXPECT_THAT(CheckGame(game.Files()).Lines(), ElementsAre(HasSubstr("more than 50000 cards")));
 }
 
 TEST(CheckTest, ACardMayMoveAsRolledBothWays) {

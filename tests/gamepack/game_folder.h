@@ -24,13 +24,17 @@ struct GameFolder {
     std::string Board = std::string("BM") + std::string(12, '\0') + "\x28" + std::string(3, '\0') + "\x64" +
                         std::string(3, '\0') + "\x32" + std::string(40, '\0');
 
+    std::vector<PackedFile> More;
+
     gamepack::PackageFiles Files() const {
-        return {"",
-                {{Key + ".dat", Settings},
-                 {"board.bmp", Board},
-                 {"cards1.xml", ContentXml(CCards::Columns(), Cards)},
-                 {"decks.xml", ContentXml(CDecks::Columns(), Decks)},
-                 {"spaces.xml", ContentXml(CSpaces::Columns(), Spaces)}}};
+        gamepack::PackageFiles files{"",
+                                     {{Key + ".dat", Settings},
+                                      {"board.bmp", Board},
+                                      {"cards1.xml", ContentXml(CCards::Columns(), Cards)},
+                                      {"decks.xml", ContentXml(CDecks::Columns(), Decks)},
+                                      {"spaces.xml", ContentXml(CSpaces::Columns(), Spaces)}}};
+        files.Files.insert(files.Files.end(), More.begin(), More.end());
+        return files;
     }
 };
 

@@ -11,13 +11,16 @@ constexpr char Sent[] = "The error log has been emailed to Tab Player tech suppo
 
 class RecordingMail final : public Mail {
   public:
-    bool IsDestinationReachable(const std::string&) override { return Reachable; }
+    bool IsDestinationReachable(const std::string&, const std::function<void()>& wait) override {
+        wait();
+        return Reachable;
+    }
     bool Send(const MailMessage& message, const std::string& server,
-              const std::function<void()>& wait) override {
+              const std::function<void(int)>& progress) override {
         Messages.push_back(message);
         Server = server;
+        progress(37);
         if (WhileSending) WhileSending();
-        wait();
         return Takes;
     }
 
@@ -108,6 +111,48 @@ TEST_F(ErrorDialogTest, InstallationNamesServerAndAddress) {
     Open([&] { SendWithSteps(""); });
     EXPECT_EQ(mail.Server, "mail.family.example:2525");
     EXPECT_EQ(mail.Messages[0].Recipient, "uncle@family.example");
+    EXPECT_FALSE(mail.Messages[0].OnlyVerified);
+}
+
+TEST_F(ErrorDialogTest, InstallationMayAskForAServerWithASignedCertificate) {
+    run.Set("MailTls", "verify");
+    Open([&] { SendWithSteps(""); });
+    EXPECT_TRUE(mail.Messages[0].OnlyVerified);
+}
+
+TEST_F(ErrorDialogTest, WhatIsNoAddressIsMarkedWhileItIsTyped) {
+    Open([&] {
+        for (const auto& [text, marked] : {std::pair("jane", true),
+                                           {"jane@", true},
+                                           {"jane@example.com", false},
+                                           {"jane doe@example.com", true},
+                                           {"", false}}) {
+            dlgError.txtEmailAddress.SetText(text);
+            EXPECT_EQ(dlgError.txtEmailAddress.Marked, marked) << text;
+            EXPECT_EQ(dlgError.txtEmailAddress.ToolTipText.empty(), !marked) << text;
+        }
+        dlgError.txtEmailAddress.SetText("jane");
+    });
+    Open([&] { EXPECT_FALSE(dlgError.txtEmailAddress.Marked); });
+}
+
+TEST_F(ErrorDialogTest, StepsAreStillThereForTheNextTry) {
+    mail.Takes = false;
+    const auto sendAgain = [&](const std::string& expected, auto act) {
+        run.Then([&, expected, act] {
+            EXPECT_EQ(dlgErrorCause.txtSteps.Text, expected);
+            act();
+        });
+        dlgError.cmdSend.Click();
+    };
+    Open([&] {
+        SendWithSteps("I rolled");
+        sendAgain("I rolled", [&] { dlgErrorCause.cmdCancel.Click(); });
+        sendAgain("I rolled", [&] { dlgErrorCause.cmdOk.Click(); });
+    });
+    EXPECT_THAT(mail.Messages.at(1).Body, Not(HasSubstr("I rolled")));
+    EXPECT_THAT(mail.Messages.at(2).Body, HasSubstr("I rolled"));
+    Open([&] { sendAgain("", [&] { dlgErrorCause.cmdOk.Click(); }); });
 }
 
 TEST_F(ErrorDialogTest, NameAndAddressAreAskedForBeforeTheSteps) {
@@ -160,7 +205,7 @@ TEST_F(ErrorDialogTest, FailureWhileSendingIsNotReported) {
 
 TEST_F(ErrorDialogTest, SecondPressDuringTheSendDoesNothing) {
     mail.WhileSending = [&] {
-        EXPECT_EQ(dlgError.lblProgress.Caption, "Sending...");
+        EXPECT_EQ(dlgError.lblProgress.Caption, "Sending... 37 %");
         dlgError.cmdSend.Click();
     };
     Open([&] { SendWithSteps(""); });

@@ -88,12 +88,22 @@ TEST_F(HelpTest, FailuresOfTheViewerAreReportedAndShowNothing) {
     PackHelp("damaged.rtf", "{\\rtf1 {\\b Throw");
     EXPECT_EQ(TextOfGameHelp(), "");
     EXPECT_THAT(run.Errors, ElementsAre("dlgRTF:ShowGameHelp 57"));
+    EXPECT_FALSE(run.HasFile("damaged.rtf"));
+}
+
+TEST_F(HelpTest, LogOfFailuresIsNoHelpThatGoes) {
+    for (const char* file : {"ERRORS.TXT", "errors.txt"}) {
+        WriteFile(run.AppDir() / "ERRORS.TXT", "older reports");
+        game->HelpFile = file;
+        EXPECT_EQ(TextOfGameHelp(), "older reports") << file;
+        EXPECT_TRUE(run.HasFile("ERRORS.TXT")) << file;
+    }
 }
 
 TEST_F(HelpTest, OtherExtensionDoesNothing) {
     PackHelp("help.exe", "MZ");
     EXPECT_EQ(TextOfGameHelp(), "");
-    EXPECT_THAT(run.machine.Shell.Started, IsEmpty());
+    EXPECT_THAT(run.machine.Shell.Companions, IsEmpty());
     EXPECT_THAT(run.machine.User.Boxes, IsEmpty());
 }
 
@@ -104,7 +114,7 @@ TEST_F(HelpTest, EmptyHelpFileDisablesTheButtonAndItsKey) {
 TEST_F(HelpTest, CompiledHelpOpensInTheViewerProgram) {
     PackHelp("Rules.CHM", "ITSF");
     Open([&] { dlgHelp.cmdHelp[0].Click(); });
-    EXPECT_THAT(run.machine.Shell.Started, ElementsAre(run.Viewer()));
+    EXPECT_THAT(run.machine.Shell.Companions, ElementsAre(run.Viewer()));
     EXPECT_THAT(run.machine.Shell.Arguments,
                 ElementsAre(ElementsAre((run.AppDir() / "{A-1}/Rules.CHM").string())));
     EXPECT_TRUE(run.HasFile("{A-1}/Rules.CHM"));
@@ -117,7 +127,7 @@ TEST_F(HelpTest, GameKeyThatIsAPathUnpacksNothing) {
     Open([&] { dlgHelp.cmdHelp[0].Click(); });
     EXPECT_THAT(run.Errors, ElementsAre("dlgHelp:ShowHTMLHelp 76"));
     EXPECT_FALSE(std::filesystem::exists(run.machine.Folder / "outside"));
-    EXPECT_THAT(run.machine.Shell.Started, IsEmpty());
+    EXPECT_THAT(run.machine.Shell.Companions, IsEmpty());
 }
 
 TEST_F(HelpTest, OldBinaryHelpGetsAPlainWord) {
@@ -136,6 +146,22 @@ TEST_F(HelpTest, PlayersHelpLiesBesideTheProgram) {
     Open([&] { dlgHelp.cmdHelp[2].Click(); });
     EXPECT_THAT(run.machine.Shell.Arguments,
                 ElementsAre(ElementsAre((run.Share() / "TABPLAYER.CHM").string())));
+}
+
+TEST_F(HelpTest, PlayersHelpLeavesNothingOfTheGameBehind) {
+    WriteFile(run.Share() / "TabPlayer.chm", "ITSF");
+    WriteFile(run.AppDir() / "settings.db", "ours");
+    for (const char* file : {"help.rtf", "hel", "TabPlayer.chm", "settings.db"}) {
+        SCOPED_TRACE(file);
+        game->HelpFile = file;
+        WriteZip(run.AppDir() / "{A-1}.gam", {{"help.rtf", "{\\rtf1}"}, {"TabPlayer.chm", "hostile"}});
+        Open([&] { dlgHelp.cmdHelp[2].Click(); });
+        EXPECT_FALSE(run.HasFile("help.rtf") || FileExists(run.Share() / "help.rtf"));
+        EXPECT_FALSE(run.HasFile("TabPlayer.chm") || std::filesystem::exists(run.AppDir() / "unread"));
+        EXPECT_TRUE(run.HasFile("settings.db"));
+        EXPECT_EQ(ReadFile(run.Share() / "TabPlayer.chm", 100), "ITSF");
+    }
+    EXPECT_THAT(run.Errors, IsEmpty());
 }
 
 TEST_F(HelpTest, KeysAreNotTheAccessKeysOfAllCaptions) {
@@ -225,7 +251,7 @@ TEST_F(HtmlHelpTest, ABareNameMeansAFileOfTheProgram) {
     EXPECT_THAT(run.machine.Shell.Arguments, ElementsAre(ElementsAre(run.Share() / "TabPlayer.chm")));
     std::filesystem::remove(run.Viewer());
     EXPECT_THAT(Display("TabPlayer.chm"), HasSubstr("viewer is not installed"));
-    EXPECT_THAT(run.machine.Shell.Started, SizeIs(1));
+    EXPECT_THAT(run.machine.Shell.Companions, SizeIs(1));
 }
 
 TEST_F(HtmlHelpTest, OnlyCompiledHelpIsOpened) {
@@ -233,7 +259,7 @@ TEST_F(HtmlHelpTest, OnlyCompiledHelpIsOpened) {
     for (const std::string file : {"notes.txt", "chm", ""})
         EXPECT_EQ(Display(file.c_str()), file + " is not a valid HTML Help file.");
     EXPECT_EQ(Display("missing.chm"), std::string("The file missing.chm") + Missing);
-    EXPECT_THAT(run.machine.Shell.Started, IsEmpty());
+    EXPECT_THAT(run.machine.Shell.Companions, IsEmpty());
 }
 
 }  // namespace

@@ -23,12 +23,13 @@ class MailServer {
         return std::system("/usr/bin/python3 -c 'import aiosmtpd' 2>/dev/null") == 0;
     }
 
-    MailServer() {
+    /// With `encrypts` it offers encryption, with a certificate that it has signed itself.
+    explicit MailServer(bool encrypts = false) {
         std::array<int, 2> input{};
         std::array<int, 2> output{};
         if (pipe(input.data()) != 0 || pipe(output.data()) != 0) return;
         m_id = fork();
-        if (m_id == 0) Run(input, output);
+        if (m_id == 0) Run(input, output, encrypts);
         close(input[0]);
         close(output[1]);
         m_input = input[1];
@@ -47,18 +48,19 @@ class MailServer {
     std::string Name() const { return "127.0.0.1:" + std::to_string(m_port); }
     bool HasMail() const { return FileExists(m_folder / "body"); }
     /// One part of the mail that came: sender, recipients, headers, names, defects, body, attachment,
-    /// attachment-name.
+    /// attachment-name, and whether it came encrypted.
     std::string Got(const char* part) const {
         return FileExists(m_folder / part) ? ReadFile(m_folder / part, 1 << 24) : std::string();
     }
 
   private:
-    [[noreturn]] void Run(const std::array<int, 2>& input, const std::array<int, 2>& output) const {
+    [[noreturn]] void Run(const std::array<int, 2>& input, const std::array<int, 2>& output,
+                          bool encrypts) const {
         dup2(input[0], STDIN_FILENO);
         dup2(output[1], STDOUT_FILENO);
         close(input[1]);
         execl("/usr/bin/python3", "python3", TABULON_SOURCE_DIR "/tests/info/smtp_server.py",
-              m_folder.Path().c_str(), nullptr);
+              m_folder.Path().c_str(), encrypts ? "--tls" : nullptr, nullptr);
         _exit(127);
     }
 

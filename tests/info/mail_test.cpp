@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -10,6 +11,8 @@
 namespace tabulon::test {
 namespace {
 
+using ::testing::AllOf;
+using ::testing::Contains;
 using ::testing::HasSubstr;
 
 MailMessage Letter() {
@@ -34,11 +37,9 @@ class SmtpMailTest : public ::testing::Test {
         if (!MailServer::IsInstalled()) GTEST_SKIP() << "python3-aiosmtpd is not installed";
     }
     bool Send(const MailMessage& letter, const std::string& server) {
-        SmtpMail::Patience patience;
-        patience.WholeMilliseconds = 20'000;
-        return SmtpMail(patience).Send(letter, server, [this] { ++waited; });
+        return SmtpMail().Send(letter, server, [this](int percent) { percents.push_back(percent); });
     }
-    int waited = 0;
+    std::vector<int> percents;
 };
 
 TEST_F(SmtpMailTest, MessageArrivesAsItWasGiven) {
@@ -55,7 +56,7 @@ TEST_F(SmtpMailTest, MessageArrivesAsItWasGiven) {
     EXPECT_EQ(server.Got("defects"), "");
     EXPECT_EQ(WithCrLf(server.Got("body")), WithCrLf(letter.Body));
     EXPECT_EQ(server.Got("attachment-name"), "");
-    EXPECT_GT(waited, 0);
+    EXPECT_THAT(percents, AllOf(Contains(0), Contains(100)));
 }
 
 TEST_F(SmtpMailTest, AttachmentArrivesByteForByteAndAMissingOneIsLeftOut) {
@@ -69,6 +70,36 @@ TEST_F(SmtpMailTest, AttachmentArrivesByteForByteAndAMissingOneIsLeftOut) {
     ASSERT_TRUE(Send(letter, server.Name()));
     EXPECT_EQ(server.Got("attachment-name"), "{A-1}.gam");
     EXPECT_EQ(server.Got("attachment"), EveryByte(200'000));
+}
+
+// Several times a second: a wait after each small portion made a large report take minutes.
+TEST_F(SmtpMailTest, LargeAttachmentGoesOutWithProgressAndFewWaits) {
+    const MailServer server;
+    const TemporaryDirectory folder;
+    MailMessage letter = Letter();
+    letter.Attachment = folder / "large.gam";
+    WriteFile(letter.Attachment, EveryByte(8'000'000));
+    ASSERT_TRUE(Send(letter, server.Name()));
+    EXPECT_EQ(server.Got("attachment").size(), 8'000'000u);
+    EXPECT_TRUE(std::ranges::is_sorted(percents));
+    EXPECT_EQ(percents.back(), 100);
+    EXPECT_LT(percents.size(), 3000u);
+}
+
+TEST_F(SmtpMailTest, CertificateThatNobodySignedWillDoUnlessAVerifiedOneIsAskedFor) {
+    const struct {
+        const char* name;
+        bool encrypts, onlyVerified, arrives;
+    } rows[] = {{"self-signed", true, false, true},
+                {"self-signed, verified wanted", true, true, false},
+                {"in the clear, verified wanted", false, true, false}};
+    for (const auto& row : rows) {
+        const MailServer server(row.encrypts);
+        MailMessage letter = Letter();
+        letter.OnlyVerified = row.onlyVerified;
+        EXPECT_EQ(Send(letter, server.Name()), row.arrives) << row.name;
+        EXPECT_EQ(server.Got("encrypted"), row.arrives ? "True" : "") << row.name;
+    }
 }
 
 TEST_F(SmtpMailTest, NamesWithOtherCharactersArriveRight) {
@@ -114,33 +145,38 @@ TEST_F(SmtpMailTest, RefusedRecipientIsNoSuccess) {
     EXPECT_FALSE(server.HasMail());
 }
 
+void Wait() {}
+void NoProgress(int) {}
+
 TEST(SmtpMailPatienceTest, ClosedPortIsReachableButTakesNoMail) {
     SilentServer server;
     server.Close();
     SmtpMail mail;
-    EXPECT_TRUE(mail.IsDestinationReachable(server.Name()));
-    EXPECT_FALSE(mail.Send(Letter(), server.Name(), nullptr));
+    EXPECT_TRUE(mail.IsDestinationReachable(server.Name(), Wait));
+    EXPECT_FALSE(mail.Send(Letter(), server.Name(), NoProgress));
 }
 
-TEST(SmtpMailPatienceTest, SilentServerEndsThePatience) {
+TEST(SmtpMailPatienceTest, SilentServerIsReachableButEndsThePatience) {
     const SilentServer server;
-    SmtpMail mail({300, 1, 300});
-    EXPECT_TRUE(mail.IsDestinationReachable(server.Name()));
-    EXPECT_FALSE(mail.Send(Letter(), server.Name(), nullptr));
+    EXPECT_TRUE(SmtpMail().IsDestinationReachable(server.Name(), Wait));
+    EXPECT_FALSE(SmtpMail({300, 1, 300}).Send(Letter(), server.Name(), NoProgress));
 }
 
 TEST(SmtpMailPatienceTest, FailureWhileWaitingReachesTheCaller) {
     const SilentServer server;
-    SmtpMail mail({300, 1, 5000});
-    const auto fail = [] { throw Failure(FailureNumber::InvalidCall); };
-    EXPECT_THROW(mail.Send(Letter(), server.Name(), fail), Failure);
+    SmtpMail mail;
+    EXPECT_THROW(mail.Send(Letter(), server.Name(), [](int) { throw Failure(FailureNumber::InvalidCall); }),
+                 Failure);
+    EXPECT_THROW(
+        mail.IsDestinationReachable(server.Name(), [] { throw Failure(FailureNumber::InvalidCall); }),
+        Failure);
 }
 
 TEST(SmtpMailPatienceTest, WhatIsNoServerIsNeverReached) {
-    SmtpMail mail({300, 1, 300});
+    SmtpMail mail;
     for (const char* name : {"", "mail.example.com/x", "user@host", "host:", "host:25:25", "a b"}) {
-        EXPECT_FALSE(mail.IsDestinationReachable(name)) << name;
-        EXPECT_FALSE(mail.Send(Letter(), name, nullptr)) << name;
+        EXPECT_FALSE(mail.IsDestinationReachable(name, Wait)) << name;
+        EXPECT_FALSE(mail.Send(Letter(), name, NoProgress)) << name;
     }
 }
 

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "packages/limits.h"
 #include "packages/modInstallUninstall.h"
 #include "packages/zip_maker.h"
 #include "platform/files.h"
@@ -103,15 +104,17 @@ TEST_F(PackagesTest, WhatCannotBeUnpackedIsReportedAndLogged) {
                                                        std::vector<PackedFile>{{"a<b&c.txt", "text"}});
     EXPECT_FALSE(Extract("a<b", false));
     EXPECT_THAT(machine.Errors, ElementsAre("modInstallUninstall:ExtractFile 57"));
-    EXPECT_THAT(Unpacked(), UnorderedElementsAre("log.xml", "ERRORS.TXT"));
-    EXPECT_THAT(ReadFile(machine.AppDir() / "log.xml", 1000), HasSubstr("<asked>a&lt;b</asked>"));
+    EXPECT_THAT(Unpacked(), UnorderedElementsAre("logs", "ERRORS.TXT"));
+    packages.CleanupGameDir();
+    EXPECT_THAT(ReadFile(machine.AppDir() / "logs/log.xml", 1000), HasSubstr("<asked>a&lt;b</asked>"));
 }
 
 TEST_F(PackagesTest, NothingOfTheProgramsOwnIsReplaced) {
-    for (const char* name : {"other.gam", "kids.SND", "settings.db", "Settings.DB-journal"}) {
+    for (const char* name : {"other.gam", "kids.SND", "settings.db", "Settings.DB-journal", "Errors.txt"}) {
         Pack(Key, {{name, "hostile"}});
         EXPECT_FALSE(Extract(name, false)) << name;
-        EXPECT_TRUE(FindFile(machine.AppDir(), name).empty()) << name;
+        const std::filesystem::path file = FindFile(machine.AppDir(), name);  // the log tells of the refusal
+        EXPECT_TRUE(file.empty() || ReadFile(file, 10000) != "hostile") << name;
     }
 }
 
@@ -161,6 +164,20 @@ TEST_F(PackagesTest, InstallingWritesTheSettings) {
     EXPECT_THAT(machine.Errors, IsEmpty());
 }
 
+TEST_F(PackagesTest, ASettingsFileMayHaveAnyNumberOfLinesUpToASize) {
+    std::string settings = "Game Name=first\nTries=2\nTries=none\n";
+    while (settings.size() + 100 < limits::SettingsBytes) settings += "Remark\nGame Name=x\n\n";
+    PackGame(settings + "Game Name=last");
+    Install();
+    EXPECT_EQ(Setting("Game Name"), RegistryValue("last"));
+    EXPECT_EQ(Setting("Card Answer Tries"), RegistryValue(2));
+    EXPECT_EQ(machine.User.Boxes.size(), 1U);
+    EXPECT_THAT(machine.Errors, IsEmpty());
+    PackGame(settings + std::string(200, '\n'));
+    Install();
+    EXPECT_THAT(machine.Errors, testing::Contains("modInstallUninstall:InstallGameSettings 51"));
+}
+
 TEST_F(PackagesTest, ANumberThatIsNoneShowsABoxAndStaysUnwritten) {
     PackGame("Font Size=big\r\nTries=99999999999\r\nDice Used=2\r\n");
     Install();
@@ -199,7 +216,7 @@ TEST_F(PackagesTest, UninstallingRemovesTheKeyAndLeavesThePackage) {
 }
 
 TEST_F(PackagesTest, CleaningUpDeletesTheUnpackedKindsOnly) {
-    const Texts kept = {"a.png", "a.ogg", "a.gam", "a.xml.bak", "dat"};
+    const Texts kept = {"a.png", "a.ogg", "a.gam", "a.xml.bak", "dat", "Errors.TXT"};
     for (const char* gone : {"a.dat", "a.XML", "a.txt", "a.chm", "a.hlp", "A.JPG", "a.bmp", "a.gif"})
         WriteFile(machine.AppDir() / gone, "x");
     for (const std::string& name : kept) WriteFile(machine.AppDir() / name, "x");

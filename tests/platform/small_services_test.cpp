@@ -16,6 +16,7 @@ class ScriptedShell : public Shell {
         opened += target;
     }
     void Start(const std::filesystem::path&, const std::vector<std::string>&) override {}
+    void StartCompanion(const std::filesystem::path&, const std::vector<std::string>&) override {}
     bool PreviousInstance() override { return true; }
     bool RaisePreviousInstance() override { return answers; }
 

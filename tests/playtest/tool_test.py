@@ -35,11 +35,22 @@ class Tool(unittest.TestCase):
         return subprocess.Popen([TOOL, *arguments], stderr=subprocess.PIPE, text=True,
                                 env=dict(os.environ, TMPDIR=str(self.work)), **streams)
 
-    def test_default_title_page_comes_with_the_player(self):
+    def script(self, steps=0):
         script = self.folder / "script.json"
         script.write_text(json.dumps({"package": self.package.name, "clock": "2026-01-05T14:30:00", "random": [0.5],
-                                      "players": [{"name": "Ann", "piece": "(Animals) 1"}]}))
-        trace, _ = self.start("--script", script, stdout=subprocess.PIPE).communicate()
+                                      "players": [{"name": "Ann", "piece": "(Animals) 1"}],
+                                      "steps": steps * [{"click": "cmdSoundOn"}]}))
+        return script
+
+    def start_waiting_script(self):
+        """A script under way that waits for somebody to read its trace."""
+        tool = self.start("--script", self.script(steps=2000), stdout=subprocess.PIPE)
+        tool.stdout.read(1)
+        self.assertEqual(len(list(self.work.iterdir())), 1)
+        return tool
+
+    def test_default_title_page_comes_with_the_player(self):
+        trace, _ = self.start("--script", self.script(), stdout=subprocess.PIPE).communicate()
         failed = {json.loads(line).get("procedure") for line in trace.splitlines()}
         self.assertIn("frmMain:LoadGameBoard", failed)  # the game has no board
         self.assertNotIn("frmSplash:SetUp", failed)
@@ -60,6 +71,29 @@ class Tool(unittest.TestCase):
         tool.communicate()
         self.assertEqual(tool.returncode, -signal.SIGINT)
         self.assertEqual(list(self.work.iterdir()), [])
+
+    def test_a_script_that_is_interrupted_leaves_nothing_behind(self):
+        tool = self.start_waiting_script()
+        tool.terminate()
+        tool.communicate()
+        self.assertEqual(tool.returncode, -signal.SIGTERM)
+        self.assertEqual(list(self.work.iterdir()), [])
+
+    def test_what_a_killed_script_left_goes_with_the_next_run(self):
+        tool = self.start_waiting_script()
+        tool.kill()
+        tool.communicate()
+        left = list(self.work.iterdir())
+        self.start("--script", self.script(), stdout=subprocess.DEVNULL).communicate()
+        self.assertEqual((len(left), list(self.work.iterdir())), (1, []))
+
+    def test_a_run_leaves_the_folders_of_others_alone(self):
+        tool = self.start_waiting_script()
+        used = list(self.work.iterdir())
+        self.start("--script", self.script(), stdout=subprocess.DEVNULL).communicate()
+        self.assertEqual(list(self.work.iterdir()), used)
+        tool.communicate()
+        self.assertEqual(tool.returncode, 0)
 
 
 if __name__ == "__main__":

@@ -2,8 +2,13 @@
 #include <QLocalSocket>
 #include <QTemporaryDir>
 #include <atomic>
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <thread>
+#include <unistd.h>
 
 #include "qt/qt_shell.h"
 
@@ -59,11 +64,50 @@ TEST_F(OneCopy, ARestartHandsThePlaceOver) {
     EXPECT_FALSE(second.PreviousInstance());
 }
 
+/// A program that tells who it is and then reads without end.
+class Companion {
+  public:
+    Companion() {
+        const std::string path = Pipe();
+        mkfifo(path.c_str(), 0600);
+        m_pipe = open(path.c_str(), O_RDWR);
+    }
+    ~Companion() { close(m_pipe); }
+
+    void StartFrom(QtShell& shell) const {
+        shell.StartCompanion("/bin/sh", {"-c", "echo $$ > " + Pipe() + "; exec sleep 1000"});
+    }
+    pid_t Id() const {
+        char text[32]{};
+        return read(m_pipe, text, sizeof text - 1) > 0 ? static_cast<pid_t>(std::atoi(text)) : -1;
+    }
+
+  private:
+    std::string Pipe() const { return folder.filePath("pipe").toStdString(); }
+
+    QTemporaryDir folder;
+    int m_pipe = -1;
+};
+
+TEST_F(OneCopy, ACompanionEndsWithTheProgram) {
+    const Companion companion;
+    pid_t id = -1;
+    {
+        QtShell shell("/usr/bin/true", Folder());
+        companion.StartFrom(shell);
+        id = companion.Id();
+        ASSERT_GT(id, 0);
+        EXPECT_EQ(kill(id, 0), 0);
+    }
+    EXPECT_NE(kill(id, 0), 0);
+}
+
 TEST_F(OneCopy, WhatCannotBeOpenedOrStartedIsPassedOver) {
     first.Open("javascript:alert(1)");
     first.Open("file:///etc/passwd");
     first.Open("/nowhere/at/all.html");
     first.Start("/nowhere/program");
+    first.StartCompanion("/nowhere/program", {});
 }
 
 }  // namespace

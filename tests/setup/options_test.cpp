@@ -39,11 +39,19 @@ TEST(SetupOptions, WhatIsNotGivenStaysAsItIs) {
 
 TEST(SetupOptions, EachGoesToItsSetting) {
     const Reading reading({"--support-address", "help@corvane.example", "--web-site",
-                           "https://games.example/play", "--mail-server", "mail.example:2525"});
+                           "https://games.example/play", "--mail-server", "mail.example:2525",
+                           "--mail-tls=verify"});
     EXPECT_EQ(reading.status, 0);
     EXPECT_EQ(reading.Given("SupportAddress"), "help@corvane.example");
     EXPECT_EQ(reading.Given("WebSite"), "https://games.example/play");
     EXPECT_EQ(reading.Given("MailServer"), "mail.example:2525");
+    EXPECT_EQ(reading.Given("MailTls"), "verify");
+}
+
+TEST(SetupOptions, AValueMayStandBehindAnEqualsSign) {
+    const Reading reading({"--web-site=https://games.example/?a=b", "--mail-server="});
+    EXPECT_EQ(reading.Given("WebSite"), "https://games.example/?a=b");
+    EXPECT_EQ(reading.Given("MailServer"), "");
 }
 
 TEST(SetupOptions, AnEmptyValueGoesBackToWhatWasBuiltIn) {
@@ -70,6 +78,7 @@ TEST_P(WrongOptions, AreRefusedWithWhatIsWrong) {
 const WrongCase wrongCases[] = {
     {"Unknown", {"--wibsite", "x"}, "no option \"--wibsite\""},
     {"NoValue", {"--mail-server"}, "--mail-server needs a value"},
+    {"OtherTls", {"--mail-tls=never"}, "no value for --mail-tls"},
     {"SiteWithoutScheme", {"--web-site", "www.games.example"}, "no value for --web-site"},
     {"SiteOfAnotherScheme", {"--web-site", "file:///etc/passwd"}, "no value for --web-site"},
     {"SiteWithoutHost", {"--web-site", "https://"}, "no value for --web-site"},

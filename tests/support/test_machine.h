@@ -72,12 +72,18 @@ class RecordingShell final : public Shell {
         Started.push_back(program);
         Arguments.push_back(arguments);
     }
+    void StartCompanion(const std::filesystem::path& program,
+                        const std::vector<std::string>& arguments) override {
+        Companions.push_back(program);
+        Arguments.push_back(arguments);
+    }
     bool PreviousInstance() override { return HasPreviousInstance; }
     bool RaisePreviousInstance() override { return HasPreviousInstance; }
 
     bool HasPreviousInstance = false;
     std::vector<std::string> Opened;
     std::vector<std::filesystem::path> Started;
+    std::vector<std::filesystem::path> Companions;
     std::vector<std::vector<std::string>> Arguments;  // of each start
 };
 

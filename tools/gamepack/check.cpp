@@ -108,7 +108,7 @@ void CheckOrders(const Game& game, Findings& findings) {
 
 Findings CheckGame(const PackageFiles& files) {
     Findings findings;
-    Game game{files, {}, 0, {}, {}};
+    Game game{files, {}, 0, {}, {}, 0};
     CheckSettings(game, findings);
     CheckSpaces(game, findings);
     CheckDecks(game, findings);

@@ -5,6 +5,7 @@
 #include "content/CDecks.h"
 #include "gamepack/check_parts.h"
 #include "gamepack/row_reader.h"
+#include "packages/limits.h"
 #include "platform/text.h"
 
 namespace tabulon::gamepack {
@@ -105,6 +106,7 @@ void CheckCards(int number, const std::string& place, Game& game, Findings& find
     if (deck.Cards == 0)
         return findings.Error(file->Name, "no card can be read from it. Add cards to the deck.");
     game.Decks.push_back(number);
+    game.Cards += static_cast<std::size_t>(deck.Cards);
 }
 
 void CheckDeck(RowReader& row, std::set<int>& seen, Game& game, Findings& findings) {
@@ -130,8 +132,16 @@ void CheckDecks(Game& game, Findings& findings) {
     const PackedFile* file = game.Files.Find("decks.xml");
     if (!file) return;
     std::set<int> seen;
-    ReadRows(*file, CDecks::Columns(), findings,
-             [&](RowReader& row) { CheckDeck(row, seen, game, findings); });
+    std::size_t rows = 0;
+    ReadRows(*file, CDecks::Columns(), findings, [&](RowReader& row) {
+        if (++rows <= limits::Decks) CheckDeck(row, seen, game, findings);
+    });
+    if (rows > limits::Decks)
+        findings.Error(file->Name, "there are more than " + std::to_string(limits::Decks) +
+                                       " decks, so none is loaded. Join some.");
+    if (game.Cards > limits::Cards)
+        findings.Error(file->Name, "its decks have more than " + std::to_string(limits::Cards) +
+                                       " cards together, so loading ends there. Leave some out.");
 }
 
 }  // namespace tabulon::gamepack

@@ -53,10 +53,14 @@ struct Game {
     int Spaces = 0;
     std::vector<Order> Orders;
     std::vector<int> Decks;  // numbers of the decks that hold cards
+    std::size_t Cards = 0;
 };
 
 /// Reads the settings, and reports what is wrong with them and with the files that they name.
 void CheckSettings(Game& game, Findings& findings);
+/// Report what keeps the game's help from being shown.
+void CheckHelpText(const PackedFile& file, Findings& findings);
+void CheckCompiledHelp(const PackedFile& file, Findings& findings);
 /// Adds to Spaces and Orders.
 void CheckSpaces(Game& game, Findings& findings);
 /// Adds to Decks and Orders.

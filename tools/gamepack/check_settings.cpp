@@ -4,6 +4,7 @@
 
 #include "gamepack/check_parts.h"
 #include "headless/picture_size.h"
+#include "packages/limits.h"
 #include "packages/modInstallUninstall.h"
 #include "packages/settings_lines.h"
 #include "platform/failure.h"
@@ -93,6 +94,8 @@ void ReadLine(Game& game, const std::string& line, const std::string& place, Fin
 
 void ReadSettings(Game& game, const PackedFile& file, Findings& findings) {
     game.Settings.File = file.Name;
+    if (file.Bytes.size() > limits::SettingsBytes)
+        findings.Error(file.Name, "it is larger than 1 MB, so no setting is read. Shorten it.");
     int number = 0;
     for (const std::string& line : Lines(ToUtf8(file.Bytes)))
         ReadLine(game, line, file.Name + ":" + std::to_string(++number), findings);
@@ -155,6 +158,9 @@ const PackedFile* NamedFile(const Game& game, std::string_view setting, Findings
     if (!IsBareFileName(name))
         findings.Error(
             place, "\"" + name + "\" is no plain file name. Name a file of the package, without folders.");
+    else if (IsKeptName(name))
+        findings.Error(place,
+                       "the Player unpacks no file named like one of its own. Rename \"" + name + "\".");
     else if (!file)
         findings.Error(place, "there is no file \"" + name + "\". Add it to the package, or mend the name.");
     else if (!EqualNoCase(file->Name, name))
@@ -172,16 +178,22 @@ void CheckPicture(const Game& game, std::string_view setting, Findings& findings
         SizeOfPicture(picture->Bytes);
     } catch (const Failure&) {
         findings.Error(picture->Name,
-                       "it is no picture that the Player shows. Save it as JPEG, PNG, BMP or GIF.");
+                       "it is no picture that the Player shows. Save it as JPEG, PNG, BMP or GIF, with no "
+                       "side above 16384 and no more than 100 million pixels.");
     }
 }
 
 void CheckHelp(const Game& game, Findings& findings) {
     const std::string help = game.Settings.Text("Help File");
     if (help == "DEFAULT" || help.empty() || help == " ") return;
-    if (!NamedFile(game, "Help File", findings)) return;
+    const PackedFile* file = NamedFile(game, "Help File", findings);
+    if (!file) return;
     const std::string kind = std::filesystem::path(help).extension().string();
-    if (!EqualNoCase(kind, ".txt") && !EqualNoCase(kind, ".rtf") && !EqualNoCase(kind, ".chm"))
+    if (EqualNoCase(kind, ".txt") || EqualNoCase(kind, ".rtf"))
+        CheckHelpText(*file, findings);
+    else if (EqualNoCase(kind, ".chm"))
+        CheckCompiledHelp(*file, findings);
+    else
         findings.Warning(game.Settings.Place("Help File"),
                          "the Player does not show this kind of help. Write it as .txt, .rtf or .chm.");
 }

@@ -36,7 +36,15 @@ PackedFile ReadEntry(const fs::path& path) {
     if (!IsBareFileName(name)) Refuse("\"" + name + "\" cannot be a name in a package. Rename the file.");
     if (!FileExists(path))
         Refuse("\"" + name + "\" is no file, and a package holds nothing else. Move it out of the folder.");
+    if (fs::file_size(path) > limits::EntryBytes)
+        Refuse("\"" + name + "\" is larger than the 64 MB that a file in a package may have.");
     return {name, ReadFile(path, limits::EntryBytes)};
+}
+
+void CheckSizes(const std::vector<PackedFile>& files) {
+    std::uint64_t whole = 0;
+    for (const PackedFile& file : files) whole += file.Bytes.size();
+    if (whole > limits::ArchiveBytes) Refuse("The files have more than the 512 MB that a package may hold.");
 }
 
 void CheckNames(const std::vector<PackedFile>& files) {
@@ -64,6 +72,7 @@ PackageFiles ReadFolder(const fs::path& folder) {
             files.Files.push_back(ReadEntry(entry.path()));
     std::ranges::sort(files.Files, {}, OrderOf);
     CheckNames(files.Files);
+    CheckSizes(files.Files);
     return files;
 }
 

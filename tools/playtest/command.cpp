@@ -11,6 +11,7 @@
 #include "playtest/script.h"
 #include "playtest/session.h"
 #include "playtest/unusable.h"
+#include "playtest/workplace.h"
 
 namespace tabulon::playtest {
 
@@ -92,6 +93,13 @@ ExitStatus RunStatistics(const Arguments& arguments, const Console& console) {
     return Done;
 }
 
+ExitStatus RunScript(const Arguments& arguments, const Console& console) {
+    const HeldSignals signals;
+    const SessionEnd end =
+        PlaySession(ReadScript(arguments.Script), console.Out, [&signals] { return signals.AnyWaits(); });
+    return end == SessionEnd::Stuck ? SessionStuck : Done;
+}
+
 ExitStatus RunTask(const Arguments& arguments, const Console& console) {
     switch (arguments.What) {
         case Arguments::Task::Help:
@@ -101,9 +109,10 @@ ExitStatus RunTask(const Arguments& arguments, const Console& console) {
             console.Out << "tabulon-playtest " TABULON_VERSION "\n";
             return Done;
         case Arguments::Task::Script:
-            return PlaySession(ReadScript(arguments.Script), console.Out) == SessionEnd::Stuck ? SessionStuck
-                                                                                               : Done;
+            RemoveAbandonedFolders();
+            return RunScript(arguments, console);
         case Arguments::Task::Statistics:
+            RemoveAbandonedFolders();
             return RunStatistics(arguments, console);
     }
     return WrongUse;

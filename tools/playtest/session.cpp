@@ -100,7 +100,7 @@ void ClickControl(FrmMain& form, const std::string& name, Trace& trace) {
 
 }  // namespace
 
-SessionEnd PlaySession(const Script& script, std::ostream& out) {
+SessionEnd PlaySession(const Script& script, std::ostream& out, const std::function<bool()>& isToStop) {
     Trace trace(out);
     ScriptedUser user(script, trace);
     ListedRandom random(script.Random);
@@ -111,6 +111,7 @@ SessionEnd PlaySession(const Script& script, std::ostream& out) {
         program.Main();
         trace.State(step, workplace.Screen().Milliseconds(), program);
         for (const Step& next : script.Steps) {
+            if (isToStop()) return SessionEnd::Stopped;
             user.Begin(next);
             ClickControl(program.frmMain, next.Click, trace);
             if (!program.frmMain.Loaded) throw ProgramEnd{};

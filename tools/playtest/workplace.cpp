@@ -1,5 +1,8 @@
 #include "playtest/workplace.h"
 
+#include <fcntl.h>
+#include <string_view>
+#include <sys/file.h>
 #include <unistd.h>
 
 #include "platform/directories.h"
@@ -12,6 +15,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
+constexpr std::string_view NameBeginning = "tabulon-playtest-";
 constexpr int SmallFontsDensity = 96;
 constexpr int LargeFontsDensity = 120;
 
@@ -26,6 +30,10 @@ void CopyPackage(const fs::path& package, const fs::path& folder) {
     if (failure) throw Unusable(package.string() + ": " + failure.message());
 }
 
+int OpenFolder(const fs::path& folder) {
+    return open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+}
+
 /// The Player that the tool was installed with, whose default pictures a game may want.
 ApplicationInfo InstalledPlayer() {
     ApplicationInfo application;
@@ -35,17 +43,40 @@ ApplicationInfo InstalledPlayer() {
 
 }  // namespace
 
+void RemoveAbandonedFolders() {
+    std::error_code trouble;
+    const fs::path parent = fs::temp_directory_path(trouble);
+    for (fs::directory_iterator entry(parent, trouble), end; !trouble && entry != end;
+         entry.increment(trouble)) {
+        if (!entry->path().filename().string().starts_with(NameBeginning)) continue;
+        const int folder = OpenFolder(entry->path());
+        std::error_code ignored;
+        if (flock(folder, LOCK_EX | LOCK_NB) == 0) fs::remove_all(entry->path(), ignored);
+        close(folder);
+    }
+}
+
 TemporaryFolder::TemporaryFolder() {
-    std::error_code missing;
-    std::string name = (fs::temp_directory_path(missing) / "tabulon-XXXXXX").string();
-    if (missing || !mkdtemp(name.data()))
+    while (!Make()) continue;  // one that is not locked yet may be taken for abandoned
+}
+
+bool TemporaryFolder::Make() {
+    std::error_code trouble;
+    std::string name = (fs::temp_directory_path(trouble) / (std::string(NameBeginning) + "XXXXXX")).string();
+    if (trouble || !mkdtemp(name.data()))
         throw Unusable("no temporary folder can be made; TMPDIR names where");
     m_path = name;
+    m_lock = OpenFolder(m_path);
+    flock(m_lock, LOCK_EX);
+    if (fs::exists(m_path, trouble)) return true;
+    close(m_lock);
+    return false;
 }
 
 TemporaryFolder::~TemporaryFolder() {
     std::error_code ignored;
     fs::remove_all(m_path, ignored);
+    close(m_lock);
 }
 
 Workplace::Workplace(const Settings& settings, PlayUser& user, Random& random)

@@ -10,7 +10,10 @@
 
 namespace tabulon::playtest {
 
-/// A folder of its own that goes with the object.
+/// Removes the folders of runs that were killed; those in use stay.
+void RemoveAbandonedFolders();
+
+/// A folder of its own that goes with the object. A process that is killed leaves it behind, and unlocked.
 class TemporaryFolder {
   public:
     TemporaryFolder();
@@ -21,7 +24,10 @@ class TemporaryFolder {
     const std::filesystem::path& Path() const { return m_path; }
 
   private:
+    bool Make();
+
     std::filesystem::path m_path;
+    int m_lock = -1;  // the folder, open
 };
 
 /// A machine without a window, with one package installed in a store of its own, and a Player on it.

@@ -1,6 +1,6 @@
 // Puts down what an installation writes: where the Player and its sounds lie, whom it turns to, and the games
-// that came with it. A game that was uninstalled since then stays uninstalled.
-#include <algorithm>
+// that came with it. A game that was uninstalled since then stays uninstalled, and games that came from
+// elsewhere are left to the user.
 #include <iostream>
 #include <string>
 #include <vector>
@@ -10,14 +10,12 @@
 #include "headless/no_shell.h"
 #include "platform/directories.h"
 #include "platform/seeded_random.h"
-#include "platform/text.h"
 #include "setup/options.h"
+#include "setup/shipped_games.h"
 
 namespace {
 
 using namespace tabulon;
-
-constexpr const char* ShippedGames = "Shipped Games";
 
 /// Tells on the terminal what a window would show.
 class TerminalUser final : public HeadlessUser {
@@ -39,33 +37,6 @@ class TerminalUser final : public HeadlessUser {
 
 void WriteText(modRegistry& registry, const char* name, const std::string& text) {
     registry.RegistrySetKeyValue(HKEY_LOCAL_MACHINE, ProductKey, name, text, REG_SZ);
-}
-
-std::vector<std::string> KnownGames(modRegistry& registry) {
-    const std::string text =
-        ToText(registry.RegistryGetKeyValue(HKEY_LOCAL_MACHINE, ProductKey, ShippedGames));
-    return Lines(text);
-}
-
-/// Installing a game removes the settings files of all, so each one begins with a new look at what there is.
-void InstallNewGames(Program& program) {
-    modRegistry& registry = program.globals.Registry;
-    std::vector<std::string> known = KnownGames(registry);
-    std::vector<std::string> names, keys;
-    for (program.packages.InstallableGames(known, names, keys); !keys.empty();
-         program.packages.InstallableGames(known, names, keys)) {
-        const auto first = std::min_element(names.begin(), names.end());
-        const std::string key = keys[static_cast<std::size_t>(first - names.begin())];
-        program.packages.InstallGame(key);
-        std::cout << "installed " << *first << '\n';
-        known.push_back(key);
-        names.clear();
-        keys.clear();
-    }
-    program.packages.CleanupGameDir();
-    std::string text;
-    for (const std::string& key : known) text += key + "\n";
-    WriteText(registry, ShippedGames, text);
 }
 
 /// Folders, and what the command line gives.
@@ -104,6 +75,7 @@ int main(int argc, char** argv) {
     Program program({screen, clock, random, shell, silence, store, application, dataDirectory});
     program.globals.AppDir = dataDirectory;
     WriteProduct(program.globals.Registry, application, options);
-    InstallNewGames(program);
+    InstallShippedGames(program.globals, program.packages,
+                        [](const std::string& name) { std::cout << "installed " << name << '\n'; });
     return user.Troubled() ? 1 : 0;
 }
