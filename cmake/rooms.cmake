@@ -1,5 +1,6 @@
 # How rooms, programs and tests are declared: one library for each room of src/, one test program for each
-# folder of tests/. A room links only the rooms that it names, so an arrow in the wrong direction does not link.
+# folder of tests/. Each names exactly the rooms that its own files include; what they do not name stops the
+# configuration, and a room that is named must have been declared before: so no arrow goes down, and none in a circle.
 find_program(CCACHE ccache)
 if(CCACHE)
     set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
@@ -15,6 +16,48 @@ if(TABULON_SANITIZE)
     target_link_options(tabulon_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+# Puts into OUT the first folder of each file that the sources include, and of those that files of tests/support include
+# for them.
+function(tabulon_included_folders out)
+    set(sources ${ARGN})
+    set(folders)
+    while(sources)
+        list(POP_FRONT sources source)
+        file(STRINGS ${source} includes REGEX "^#include \"[a-z]+/")
+        foreach(include ${includes})
+            string(REGEX REPLACE "^#include \"(([a-z]+)/[^\"]+)\".*" "\\1;\\2" include ${include})
+            list(GET include 0 file)
+            list(GET include 1 folder)
+            list(APPEND folders ${folder})
+            if(folder STREQUAL support)
+                list(APPEND sources ${PROJECT_SOURCE_DIR}/tests/${file})
+            endif()
+        endforeach()
+    endwhile()
+    list(REMOVE_DUPLICATES folders)
+    set(${out} ${folders} PARENT_SCOPE)
+endfunction()
+
+# tabulon_check_rooms(WHO ROOMS SOURCES…): stops where the sources of WHO include a file of a room of src/ that is not
+# among ROOMS, at a room in ROOMS that none of them includes, and at one that was not declared before.
+function(tabulon_check_rooms who rooms)
+    tabulon_included_folders(folders ${ARGN})
+    string(REGEX REPLACE "^src/" "" own ${who})
+    list(REMOVE_ITEM folders ${own})
+    foreach(folder ${folders})
+        if(NOT folder IN_LIST rooms AND IS_DIRECTORY ${PROJECT_SOURCE_DIR}/src/${folder})
+            message(FATAL_ERROR "${who} includes files of the room '${folder}', which it does not name in ROOMS")
+        endif()
+    endforeach()
+    foreach(room ${rooms})
+        if(NOT room IN_LIST folders)
+            message(FATAL_ERROR "${who} names the room '${room}' in ROOMS, and includes no file of it")
+        elseif(NOT TARGET tabulon_${room})
+            message(FATAL_ERROR "${who} names the room '${room}', which stands below it or does not exist")
+        endif()
+    endforeach()
+endfunction()
+
 # tabulon_room(NAME [ROOMS …] [LIBRARIES …]): the library of the calling folder, from all of its sources.
 function(tabulon_room name)
     cmake_parse_arguments(ROOM "" "" "ROOMS;LIBRARIES" ${ARGN})
@@ -22,21 +65,37 @@ function(tabulon_room name)
     add_library(tabulon_${name} STATIC ${sources})
     set_target_properties(tabulon_${name} PROPERTIES LINKER_LANGUAGE CXX)
     target_include_directories(tabulon_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+    tabulon_check_rooms("src/${name}" "${ROOM_ROOMS}" ${sources})
     list(TRANSFORM ROOM_ROOMS PREPEND tabulon_)
     target_link_libraries(tabulon_${name} PUBLIC ${ROOM_ROOMS} PRIVATE tabulon_options PUBLIC ${ROOM_LIBRARIES})
 endfunction()
 
-# tabulon_tests(NAME LIBRARIES …): the test program of the calling folder, its cases known to ctest one by one.
+# tabulon_use_rooms(TARGET WHO ROOMS …): links exactly the rooms that the target's own sources and headers include.
+function(tabulon_use_rooms target who)
+    cmake_parse_arguments(USE "" "" "ROOMS" ${ARGN})
+    get_target_property(sources ${target} SOURCES)
+    list(TRANSFORM sources PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/ REGEX "^[^/]")
+    tabulon_check_rooms(${who} "${USE_ROOMS}" ${sources})
+    list(TRANSFORM USE_ROOMS PREPEND tabulon_)
+    get_target_property(type ${target} TYPE)
+    if(type STREQUAL EXECUTABLE)
+        target_link_libraries(${target} PRIVATE ${USE_ROOMS} tabulon_options)
+    else()
+        target_link_libraries(${target} PUBLIC ${USE_ROOMS} PRIVATE tabulon_options)
+    endif()
+endfunction()
+
+# tabulon_tests(NAME [ROOMS …] [LIBRARIES …]): the test program of the calling folder, its cases known to ctest one by one.
 function(tabulon_tests name)
-    cmake_parse_arguments(TEST "" "" "LIBRARIES" ${ARGN})
+    cmake_parse_arguments(TEST "" "" "ROOMS;LIBRARIES" ${ARGN})
     file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
     if(NOT sources)
         return()
     endif()
     add_executable(test_${name} ${sources})
     target_include_directories(test_${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
-    target_link_libraries(test_${name} PRIVATE ${TEST_LIBRARIES} GTest::gmock GTest::gtest GTest::gtest_main
-                                               tabulon_options)
+    tabulon_use_rooms(test_${name} tests/${name} ROOMS ${TEST_ROOMS})
+    target_link_libraries(test_${name} PRIVATE ${TEST_LIBRARIES} GTest::gmock GTest::gtest GTest::gtest_main)
     target_compile_definitions(test_${name} PRIVATE TABULON_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
                                                     TABULON_BUILD_DIR="${CMAKE_BINARY_DIR}")
     gtest_discover_tests(test_${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120)

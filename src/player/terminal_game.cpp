@@ -3,7 +3,7 @@
 #include <iostream>
 
 #include "headless/no_shell.h"
-#include "headless/play_user.h"
+#include "robot/play_user.h"
 #include "platform/seeded_random.h"
 
 namespace tabulon {

@@ -2,7 +2,7 @@
 
 #include <sstream>
 
-#include "headless/play_user.h"
+#include "robot/play_user.h"
 #include "support/test_machine.h"
 #include "support/zip_file.h"
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "headless/play_user.h"
+#include "robot/play_user.h"
 
 namespace tabulon::playtest {
 

@@ -6,7 +6,7 @@
 
 #include "headless/headless_screen.h"
 #include "headless/no_shell.h"
-#include "headless/play_user.h"
+#include "robot/play_user.h"
 
 namespace tabulon::playtest {
 

@@ -5,9 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "app/program.h"
+#include "diagnostics/globals.h"
 #include "headless/headless_screen.h"
 #include "headless/no_shell.h"
+#include "packages/modInstallUninstall.h"
 #include "platform/directories.h"
 #include "platform/seeded_random.h"
 #include "setup/options.h"
@@ -72,10 +73,11 @@ int main(int argc, char** argv) {
     ApplicationInfo application;
     application.Executable = executable;
     application.ShareDir = ShareDirectory(executable);
-    Program program({screen, clock, random, shell, silence, store, application, dataDirectory});
-    program.globals.AppDir = dataDirectory;
-    WriteProduct(program.globals.Registry, application, options);
-    InstallShippedGames(program.globals, program.packages,
+    Globals globals({screen, clock, random, shell, silence, store, application, dataDirectory});
+    globals.AppDir = dataDirectory;
+    modInstallUninstall packages(globals);
+    WriteProduct(globals.Registry, application, options);
+    InstallShippedGames(globals, packages,
                         [](const std::string& name) { std::cout << "installed " << name << '\n'; });
     return user.Troubled() ? 1 : 0;
 }

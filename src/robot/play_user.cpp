@@ -1,4 +1,4 @@
-#include "headless/play_user.h"
+#include "robot/play_user.h"
 
 #include "presentation/text_fitting.h"
 
