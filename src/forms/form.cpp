@@ -28,7 +28,9 @@ void Form::Show() {
 void Form::ShowModal() {
     Load();
     Visible = true;
+    const bool isAlone = TheScreen.LoadedForms().size() == 1;
     TheScreen.ShowModal(*this);
+    if (!isAlone && TheScreen.LoadedForms().empty()) throw ProgramEnd{};
 }
 
 void Form::Hide() {

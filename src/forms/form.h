@@ -41,7 +41,8 @@ class Form {
     void Load();
     /// Loads and shows the form, and returns at once.
     void Show();
-    /// Loads and shows the form, and returns when it has been hidden or unloaded.
+    /// Loads and shows the form, and returns when it has been hidden or unloaded. Throws ProgramEnd when all forms
+    /// have been unloaded meanwhile: who waited has nothing to go on with.
     void ShowModal();
     void Hide();
     /// Asks QueryUnload, which may refuse; then runs Form_Unload and takes the form off the screen.

@@ -1,10 +1,12 @@
 #include "qt/control_view.h"
 
 #include <QMouseEvent>
+#include <QWindow>
 #include <algorithm>
 #include <utility>
 
 #include "forms/form.h"
+#include "qt/presses.h"
 #include "qt/text.h"
 
 namespace tabulon {
@@ -66,6 +68,10 @@ bool ControlView::eventFilter(QObject*, QEvent* event) {
         });
     if (event->type() == QEvent::Leave && m_control.MouseLeave) DeliverUse([] {}, m_control.MouseLeave);
     return false;
+}
+
+bool ControlView::IsUsable() const {
+    return m_control.Enabled && m_widget.isVisible() && IsReached(*m_widget.window()->windowHandle());
 }
 
 QRect ControlView::Place(float twipsPerPixel) const { return ToPixels(m_control, twipsPerPixel); }

@@ -68,8 +68,9 @@ class ControlView : public QObject {
   private:
     void SyncCommon(float twipsPerPixel);
     void LetGoOfFocus();
-    /// What the user did reaches the program only while the control is enabled and in view.
-    bool IsUsable() const { return m_control.Enabled && m_widget.isVisible(); }
+    /// What the user did reaches the program only while the control is enabled and in view, and no modal form is
+    /// in front of it.
+    bool IsUsable() const;
     void SyncNames();
 
     Control& m_control;

@@ -58,7 +58,7 @@ int QtScreen::Run() {
         try {
             WaitWhile([this] { return !LoadedForms().empty(); });
         } catch (const std::exception& failure) {
-            MsgBox(failure.what(), BoxIcon::Critical, BoxButtons::Ok, {});
+            ShowBox({failure.what(), m_title, BoxIcon::Critical, BoxButtons::Ok});
         } catch (const ProgramEnd&) {
             return 0;
         }
@@ -153,7 +153,14 @@ int QtScreen::LogicalPixelsPerInch() const { return LayoutDensity(); }
 
 BoxAnswer QtScreen::MsgBox(const std::string& text, BoxIcon icon, BoxButtons buttons,
                            const std::string& title) {
-    MessageBox box({text, title.empty() ? m_title : title, icon, buttons});
+    const bool isRunning = !LoadedForms().empty();
+    const BoxAnswer answer = ShowBox({text, title.empty() ? m_title : title, icon, buttons});
+    if (isRunning && LoadedForms().empty()) throw ProgramEnd{};
+    return answer;
+}
+
+BoxAnswer QtScreen::ShowBox(const MessageBoxText& content) {
+    MessageBox box(content);
     box.Open(FrontWindow());
     WaitWhile([&box] { return box.IsOpen(); });
     return box.Answer();

@@ -18,6 +18,8 @@
 
 namespace tabulon {
 
+struct MessageBoxText;
+
 /// Forms on a desktop. A QApplication must live as long.
 class QtScreen final : public Screen {
   public:
@@ -63,6 +65,7 @@ class QtScreen final : public Screen {
     /// Serves events, timers and handlers while the condition holds.
     void WaitWhile(const std::function<bool()>& goesOn);
     bool ServeOnce(QEventLoop::ProcessEventsFlags flags);
+    BoxAnswer ShowBox(const MessageBoxText& content);
     void SetWakeUp();
     void DeleteRetired();
     void ShowWindow(Form& form, Modality modality);

@@ -18,6 +18,13 @@ class Waiting : public ScreenTest {
         return [this, what] { log.push_back(what); };
     }
 
+    /// Once it has served what waits.
+    static void HideSoon(TestForm& shown) {
+        shown.Timer1.Interval = 1;
+        shown.Timer1.Enabled = true;
+        shown.Timer1.Tick = [&shown] { shown.Hide(); };
+    }
+
     TestForm dialog{screen, "dlgTest"};
     std::vector<std::string> log;
 };
@@ -235,12 +242,28 @@ TEST_F(Waiting, AHeldPressIsLostWhenItsWindowCannotBeReachedAnyMore) {
     Show(form);
     Soon([this] { Press(form, Qt::Key_O); });
     screen.Sleep(5);
-    dialog.Timer1.Interval = 1;
-    dialog.Timer1.Enabled = true;
-    dialog.Timer1.Tick = [this] { dialog.Hide(); };
+    HideSoon(dialog);
     dialog.ShowModal();
     screen.PumpEvents();
     EXPECT_TRUE(log.empty());
+}
+
+TEST_F(Waiting, NothingBehindAModalFormIsPressedByAScreenReader) {
+    form.cmdOk.Click = Log("click");
+    Show(form);
+    Soon([this] { Find<QAbstractButton>(form.cmdOk).click(); });
+    HideSoon(dialog);
+    dialog.ShowModal();
+    EXPECT_TRUE(log.empty());
+}
+
+TEST_F(Waiting, WhoWaitedIsNotGoneOnWithWhenTheProgramWasLeft) {
+    Show(form);
+    Soon([this] {
+        form.Unload();
+        dialog.Unload();
+    });
+    EXPECT_THROW(dialog.ShowModal(), ProgramEnd);
 }
 
 TEST_F(Waiting, FlushedKeysAreForgottenClicksAreNot) {
