@@ -191,7 +191,7 @@ const Fault Faults[] = {
      "\"CorrectMessage\" is missing"},
     {"SameQuestion", CardWith("Message", "Q2"), "warning", "asks this more than once"},
     {"SameAnswer", CardWith("Answer3", "A"), "warning", "two of its answers are the same"},
-    {"OneLetterWins", Questions("01232222222201313132"), "warning", "answer C is right on 10 of 20 cards"},
+    {"OneLetterWins", Questions("01232222222201313131"), "warning", "answer C is right on 9 of 20 cards"},
     {"OneLetterNeverWins", Questions("01201201201212121212"), "warning",
      "answer D is right on 0 of 20 cards, which players"},
     {"TooHardForComputers", Questions("00000012312312312312"), "warning",
@@ -232,6 +232,13 @@ TEST(CheckTest, CardsOfAllDecksAreCountedTogether) {
 }
 
 const Fault FineThings[] = {
+    {"SpaceBesideAnother", SpaceWith("Left", "23"), "", ""},
+    {"SpaceBelowAnother",
+     [](GameFolder& game) {
+         game.Spaces += SpaceRow(4, {{"Left", "20"}, {"Top", "24"}});
+     },
+     "", ""},
+    {"ExtraTurnsOnASpace", Space("10", "1"), "", ""},
     {"CardForwardAsRolled", CardMoving("1", "-1"), "", ""},
     {"CardBackAsRolled", CardMoving("2", "-1"), "", ""},
     {"AlmostToTheEndOfARace", Race("1", "1", "Oh!"), "", ""},
@@ -241,7 +248,7 @@ const Fault FineThings[] = {
          for (const int space : {4, 5}) game.Spaces += SpaceRow(space, {{"Message", "The wind blows."}});
      },
      "", ""},
-    {"BalancedAnswers", Questions("00000111112222233333"), "", ""},
+    {"BalancedAnswers", Questions("00000111222222223333"), "", ""},
     {"FewQuestions", Questions("0123222222222222222"), "", ""},
 };
 
