@@ -5,6 +5,7 @@ set -euo pipefail
 packages=(
     cmake g++ ninja-build pkg-config
     libarchive-dev libpugixml-dev libsqlite3-dev libcurl4-openssl-dev nlohmann-json3-dev
+    libcli11-dev
     qt6-base-dev qt6-svg-dev libgl-dev
     libsdl2-mixer-dev libvorbis-dev
     librsvg2-bin imagemagick python3 python3-numpy vorbis-tools

@@ -1,9 +1,8 @@
+#include <CLI/CLI.hpp>
 #include <QApplication>
 #include <QIcon>
 #include <QMessageBox>
-#include <iostream>
 #include <memory>
-#include <string_view>
 
 #include "help/unpacking.h"
 #include "helpwindow/help_loader.h"
@@ -62,18 +61,22 @@ int Show(const std::filesystem::path& file, QApplication& qt) {
 
 }  // namespace
 
-/// tabulon-help FILE shows a compiled help file. With --unpack before it, the program writes what is in the
-/// file to its output instead.
 int main(int argc, char** argv) {
-    if (argc == 3 && argv[1] == std::string_view("--unpack"))
-        return static_cast<int>(UnpackToOutput(argv[2]));
-    if (argc != 2) {
-        std::cerr << "usage: tabulon-help FILE.chm\n";
-        return WrongUse;
+    std::filesystem::path file;
+    bool unpack = false;
+    CLI::App app("Shows a compiled help file.", "tabulon-help");
+    app.set_help_flag("--help", "print this");
+    app.add_option("FILE.chm", file)->type_name("")->required();
+    app.add_flag("--unpack", unpack,
+                 "write what is in the file to the output instead; the program's own use");
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? 0 : WrongUse;
     }
+    if (unpack) return static_cast<int>(UnpackToOutput(file));
     QApplication qt(argc, argv);
     Look::ApplyTo(qt);
-    const std::filesystem::path file = argv[1];
     SingleInstance instance(file);
     if (!instance.Claim() && instance.RaiseOther()) return 0;
     instance.onRaise = BringForward;

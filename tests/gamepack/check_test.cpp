@@ -1,5 +1,6 @@
 #include "gamepack/check.h"
 
+#include <algorithm>
 #include <functional>
 #include <gmock/gmock.h>
 
@@ -45,6 +46,28 @@ auto CardWith(const std::string& column, const std::string& value) {
     return [=](GameFolder& game) { game.Cards += CardRow(3, {{column, value}}); };
 }
 
+/// A race of four spaces; the second one acts, and two of them speak.
+auto Race(const std::string& action, const std::string& data1, const std::string& message = " ") {
+    return [=](GameFolder& game) {
+        Setting("Goal Type=0", "Goal Type=2")(game);
+        game.Cards = CardRow(1, {{"CorrectActionType", "0"}, {"IncorrectActionType", "0"}});
+        game.Spaces = SpaceRow(1, {{"Message", message}, {"ActionType", "-1"}}) +
+                      SpaceRow(2, {{"ActionType", action}, {"Data1", data1}}) +
+                      SpaceRow(3, {{"Message", message}, {"ActionType", "-1"}}) +
+                      SpaceRow(4, {{"ActionType", "-1"}});
+    };
+}
+
+/// Questions with four answers, and which is right on each.
+auto Questions(const std::string& rights) {
+    return [=](GameFolder& game) {
+        game.Cards = "";
+        for (const char right : rights)
+            game.Cards += CardRow(static_cast<int>(std::ranges::count(game.Cards, '\n')) + 1,
+                                  {{"Answer4", "d"}, {"CorrectAnswer", {right}}});
+    };
+}
+
 auto CardMoving(const std::string& action, const std::string& data1) {
     return [=](GameFolder& game) {
         game.Cards += CardRow(3, {{"CorrectActionType", action}, {"CorrectData1", data1}});
@@ -84,6 +107,17 @@ const Fault Faults[] = {
     {"BoardElsewhere", Setting("board.bmp", "../board.bmp"), "error", "no plain file name"},
     {"BoardThatBeginsAlike", Setting("board.bmp", "board"), "error", "the Player would take \"board.bmp\""},
     {"BoardThatIsNone", [](GameFolder& game) { game.Board = "no picture"; }, "error", "board.bmp: "},
+    {"BoardThatStays",
+     [](GameFolder& game) {
+         Setting("board.bmp", "plan.png")(game);
+         game.More.push_back({"plan.png", game.Board});
+     },
+     "warning", "plan.png: the Player leaves such a file behind"},
+    {"FileForNothing",
+     [](GameFolder& game) {
+         game.More.push_back({"cards2.xml", ""});
+     },
+     "warning", "cards2.xml: nothing in the game uses this file"},
     {"HelpThatIsNotShown", Line("Help File=board.bmp"), "warning", "does not show this kind of help"},
 
     {"TooLarge", Line("Remark " + std::string(limits::SettingsBytes, 'x')), "error", "larger than 1 MB"},
@@ -108,6 +142,7 @@ const Fault Faults[] = {
     {"Outside", SpaceWith("Left", "98"), "warning", "spaces.xml:17: the space leaves the board picture"},
     {"FarOutside", SpaceWith("Width", "2147483647"), "warning", "leaves the board picture"},
     {"NoSize", SpaceWith("Height", "0"), "warning", "has no size"},
+    {"Overlap", SpaceWith("Left", "22"), "warning", "spaces.xml:17: the space overlaps space 2"},
     {"NoSuchAction", Space("13", "0"), "warning", "no action 13"},
     {"NumberTwice", SpaceWith("Sequence", "3"), "warning", "several spaces 3"},
     {"OutOfOrder", SpaceWith("Sequence", "9"), "warning", "space 9 stands where space 4 belongs"},
@@ -125,6 +160,12 @@ const Fault Faults[] = {
     {"NoSuchDeck", Space("0", "2"), "error", "spaces.xml:17: there are no cards in deck 2"},
     {"LessThanNone", Space("5", "-1"), "warning", "is negative"},
     {"TotalThatCannotBeRolled", Space("12", "13"), "warning", "13 cannot be rolled"},
+    {"ToTheEndOfARace", Race("1", "2"), "warning", "where only a roll ends the game"},
+    {"AsRolledToTheEndOfARace", Race("1", "-1"), "warning", "where only a roll ends the game"},
+    {"BackBeforeARace", Race("2", "2"), "warning", "goes round to the end"},
+    {"PointsInARace", Race("6", "2"), "warning", "a race shows no points"},
+    {"SameWordsInARace", Race("-1", "0", "Oh! The wind blows. "), "warning",
+     "space 1 says too: \"The wind blows.\""},
     {"DoubleWithOneDie",
      [](GameFolder& game) {
          Setting("Dice Used=2", "Dice Used=1")(game);
@@ -148,6 +189,13 @@ const Fault Faults[] = {
     {"Gap", CardWith("Index", "4"), "warning", "there is no card 3 among 3"},
     {"NullColumn", [](GameFolder& game) { game.Cards += "<z:row DeckID='1' Index='3'/>"; }, "error",
      "\"CorrectMessage\" is missing"},
+    {"SameQuestion", CardWith("Message", "Q2"), "warning", "asks this more than once"},
+    {"SameAnswer", CardWith("Answer3", "A"), "warning", "two of its answers are the same"},
+    {"OneLetterWins", Questions("01232222222201313131"), "warning", "answer C is right on 9 of 20 cards"},
+    {"OneLetterNeverWins", Questions("01201201201212121212"), "warning",
+     "answer D is right on 0 of 20 cards, which players"},
+    {"TooHardForComputers", Questions("00000012312312312312"), "warning",
+     "answer A is right on 6 of 20 cards, and no computer"},
     {"NoRightAnswer", CardWith("CorrectAnswer", "4"), "warning", "no answer is right"},
     {"BlankRightAnswer", CardWith("CorrectAnswer", "3"), "warning", "the right answer is blank"},
     {"NoWordForARightAnswer", CardWith("CorrectMessage", " "), "warning", "answers right waits without end"},
@@ -155,6 +203,7 @@ const Fault Faults[] = {
     {"NoSuchAction", CardWith("IncorrectActionType", "13"), "warning", "no action 13 for a card"},
     {"NumberToRoll", CardWith("CorrectActionType", "12"), "warning", "cannot order a number to roll"},
     {"TargetOutside", CardMoving("3", "0"), "warning", "no space 0 to go to"},
+    {"ExtraTurns", CardMoving("10", "1"), "warning", "go to the player before"},
 };
 
 TEST(CheckTest, FindsWhatIsWrong) {
@@ -182,11 +231,34 @@ TEST(CheckTest, CardsOfAllDecksAreCountedTogether) {
     EXPECT_THAT(CheckGame(game.Files()).Lines(), ElementsAre(HasSubstr("more than 50000 cards")));
 }
 
-TEST(CheckTest, ACardMayMoveAsRolledBothWays) {
-    GameFolder game;
-    for (const char* action : {"1", "2"})
-        game.Cards += CardRow(action[0] - '0' + 2, {{"CorrectActionType", action}, {"CorrectData1", "-1"}});
-    EXPECT_THAT(CheckGame(game.Files()).Lines(), IsEmpty());
+const Fault FineThings[] = {
+    {"SpaceBesideAnother", SpaceWith("Left", "23"), "", ""},
+    {"SpaceBelowAnother",
+     [](GameFolder& game) {
+         game.Spaces += SpaceRow(4, {{"Left", "20"}, {"Top", "24"}});
+     },
+     "", ""},
+    {"ExtraTurnsOnASpace", Space("10", "1"), "", ""},
+    {"CardForwardAsRolled", CardMoving("1", "-1"), "", ""},
+    {"CardBackAsRolled", CardMoving("2", "-1"), "", ""},
+    {"AlmostToTheEndOfARace", Race("1", "1", "Oh!"), "", ""},
+    {"BackToTheStartOfARace", Race("2", "1"), "", ""},
+    {"SameWordsOnARing",
+     [](GameFolder& game) {
+         for (const int space : {4, 5}) game.Spaces += SpaceRow(space, {{"Message", "The wind blows."}});
+     },
+     "", ""},
+    {"BalancedAnswers", Questions("00000111222222223333"), "", ""},
+    {"FewQuestions", Questions("0123222222222222222"), "", ""},
+};
+
+TEST(CheckTest, LeavesWhatIsFineAlone) {
+    for (const Fault& row : FineThings) {
+        SCOPED_TRACE(row.Name);
+        GameFolder game;
+        row.Spoil(game);
+        EXPECT_THAT(CheckGame(game.Files()).Lines(), IsEmpty());
+    }
 }
 
 TEST(CheckTest, ThePackageAndItsSettingsNeedOneName) {

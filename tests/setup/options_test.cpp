@@ -49,8 +49,8 @@ TEST(SetupOptions, EachGoesToItsSetting) {
 }
 
 TEST(SetupOptions, AValueMayStandBehindAnEqualsSign) {
-    const Reading reading({"--web-site=https://games.example/?a=b", "--mail-server="});
-    EXPECT_EQ(reading.Given("WebSite"), "https://games.example/?a=b");
+    const Reading reading({"--web-site=https://games.example/?a=", "--mail-server="});
+    EXPECT_EQ(reading.Given("WebSite"), "https://games.example/?a=");
     EXPECT_EQ(reading.Given("MailServer"), "");
 }
 
@@ -77,6 +77,7 @@ TEST_P(WrongOptions, AreRefusedWithWhatIsWrong) {
 
 const WrongCase wrongCases[] = {
     {"Unknown", {"--wibsite", "x"}, "no option \"--wibsite\""},
+    {"Stray", {"--mail-tls=verify", "x"}, "no option \"x\""},
     {"NoValue", {"--mail-server"}, "--mail-server needs a value"},
     {"OtherTls", {"--mail-tls=never"}, "no value for --mail-tls"},
     {"SiteWithoutScheme", {"--web-site", "www.games.example"}, "no value for --web-site"},

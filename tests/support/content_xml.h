@@ -40,19 +40,19 @@ inline std::string WithValues(std::string row, std::initializer_list<Attribute> 
     return row;
 }
 
-/// A row of spaces.xml.
+/// A row of spaces.xml, beside the space before it.
 inline std::string SpaceRow(int sequence, std::initializer_list<Attribute> others = {}) {
-    return WithValues(
-        "<z:row Sequence='" + std::to_string(sequence) +
-            "' Top='20' Left='10' Height='4' Width='3' ActionType='6' Message=' ' Data1='2' Data2='0'/>\n",
-        others);
+    return WithValues("<z:row Sequence='" + std::to_string(sequence) + "' Top='20' Left='" +
+                          std::to_string(10 * sequence) +
+                          "' Height='4' Width='3' ActionType='6' Message=' ' Data1='2' Data2='0'/>\n",
+                      others);
 }
 
 /// A row of cards1.xml.
 inline std::string CardRow(int index, std::initializer_list<Attribute> others = {}) {
     return WithValues(
-        "<z:row DeckID='1' Index='" + std::to_string(index) +
-            "' Message='Q' CorrectActionType='6' CorrectMessage='Right' CorrectData1='5' CorrectData2='1' "
+        "<z:row DeckID='1' Index='" + std::to_string(index) + "' Message='Q" + std::to_string(index) +
+            "' CorrectActionType='6' CorrectMessage='Right' CorrectData1='5' CorrectData2='1' "
             "IncorrectActionType='5' IncorrectMessage=' ' IncorrectData1='3' IncorrectData2='0' "
             "CorrectAnswer='2' "
             "Answer1='a' Answer2='b' Answer3='c' Answer4=' '/>\n",

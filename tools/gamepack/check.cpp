@@ -6,6 +6,7 @@
 #include "gamepack/check_parts.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
+#include "platform/text.h"
 
 namespace tabulon::gamepack {
 
@@ -27,8 +28,26 @@ int Operand(const Order& order, Findings& findings) {
     }
 }
 
+std::int64_t HighestRoll(const Game& game) {
+    const bool slots = game.Settings.Number("Turn Device") == 1;
+    return std::int64_t{game.Settings.Number("Dice Used")} *
+           (slots ? game.Settings.Number("Max Slot Value") : HighestDie);
+}
+
+/// Only a roll stops at the end of the board, and only a card's move at its start.
+void CheckEndOfRace(const Game& game, const Order& order, std::int64_t furthest, Findings& findings) {
+    if (!game.IsRace() || game.Settings.Number("Loop Board") != 0 || order.OfCard) return;
+    if (order.Action == MoveForward && order.Space + furthest >= game.Spaces)
+        findings.Warning(order.Place,
+                         "the move goes to the last space, where only a roll ends the game, or round to the "
+                         "start. Choose a smaller number.");
+    if (order.Action == MoveBack && order.Space - furthest < 1)
+        findings.Warning(order.Place, "the move goes round to the end. Choose a smaller number.");
+}
+
 void CheckMove(const Game& game, const Order& order, int amount, Findings& findings) {
     const bool rolled = order.Data1 == AsRolled && (order.Action == MoveForward || order.OfCard);
+    CheckEndOfRace(game, order, rolled ? HighestRoll(game) : amount, findings);
     if (!rolled && (amount < 0 || amount > game.Spaces))
         findings.Warning(order.Place,
                          "the move leaves the board of " + std::to_string(game.Spaces) +
@@ -58,12 +77,21 @@ void CheckTotal(const Game& game, const Order& order, int total, Findings& findi
     if (order.OfCard)
         return findings.Warning(order.Place, "a card cannot order a number to roll. Choose another action.");
     const int dice = game.Settings.Number("Dice Used");
-    const bool slots = game.Settings.Number("Turn Device") == 1;
-    const auto highest = std::int64_t{dice} * (slots ? game.Settings.Number("Max Slot Value") : HighestDie);
+    const std::int64_t highest = HighestRoll(game);
     if (total > 0 && (total < dice || total > highest))
         findings.Warning(order.Place, "the player never moves again: " + std::to_string(total) +
                                           " cannot be rolled. Choose " + std::to_string(dice) + " to " +
                                           std::to_string(highest) + ".");
+}
+
+void CheckAmount(const Game& game, const Order& order, int amount, Findings& findings) {
+    if (amount < 0) findings.Warning(order.Place, "the first operand is negative. Write how many.");
+    if (game.IsRace() && order.Action <= CollectFromEach)
+        findings.Warning(order.Place, "nobody sees it: a race shows no points. Choose another action.");
+    if (order.OfCard && order.Action == ExtraTurns)
+        findings.Warning(order.Place,
+                         "in a new game the turns go to the player before the one who draws the card. Choose "
+                         "another action.");
 }
 
 void CheckOrder(const Game& game, const Order& order, Findings& findings) {
@@ -83,8 +111,7 @@ void CheckOrder(const Game& game, const Order& order, Findings& findings) {
         case CollectFromEach:
         case LoseTurns:
         case ExtraTurns:
-            if (operand < 0) findings.Warning(order.Place, "the first operand is negative. Write how many.");
-            return;
+            return CheckAmount(game, order, operand, findings);
         case RollDouble:
             return CheckDouble(game, order, findings);
         case RollNumber:
@@ -96,11 +123,23 @@ void CheckOrder(const Game& game, const Order& order, Findings& findings) {
 
 bool GivesPoints(const Order& order) { return order.Action >= GainPoints && order.Action <= CollectFromEach; }
 
+/// A file that nothing names is never unpacked.
+void CheckUse(const Game& game, Findings& findings) {
+    std::vector<std::string> used = {"spaces.xml", "decks.xml"};
+    for (const char* setting : {"Board Image", "Splash", "Help File"})
+        used.push_back(game.Settings.Text(setting));
+    for (const int deck : game.Decks) used.push_back("cards" + std::to_string(deck) + ".xml");
+    for (const PackedFile& file : game.Files.Files)
+        if (!IsSettingsFile(file) &&
+            std::ranges::none_of(used, [&](const std::string& name) { return EqualNoCase(name, file.Name); }))
+            findings.Warning(file.Name, "nothing in the game uses this file. Leave it out.");
+}
+
 }  // namespace
 
 void CheckOrders(const Game& game, Findings& findings) {
     for (const Order& order : game.Orders) CheckOrder(game, order, findings);
-    if (game.Settings.Number("Goal Type") != 2 && game.Settings.Number("Finish Condition") > 0 &&
+    if (!game.IsRace() && game.Settings.Number("Finish Condition") > 0 &&
         std::ranges::none_of(game.Orders, GivesPoints))
         findings.Warning(game.Settings.Place("Goal Type"),
                          "the game never ends: nothing on the board or in the cards gives points.");
@@ -113,6 +152,7 @@ Findings CheckGame(const PackageFiles& files) {
     CheckSpaces(game, findings);
     CheckDecks(game, findings);
     CheckOrders(game, findings);
+    CheckUse(game, findings);
     return findings;
 }
 

@@ -1,9 +1,9 @@
-#include <array>
 #include <set>
 
 #include "content/CCards.h"
 #include "content/CDecks.h"
 #include "gamepack/check_parts.h"
+#include "gamepack/deck_questions.h"
 #include "gamepack/row_reader.h"
 #include "packages/limits.h"
 #include "platform/text.h"
@@ -21,10 +21,9 @@ constexpr int LastCardAction = 12;
 struct Deck {
     int Number = 0;
     std::set<int> Seen;
+    DeckQuestions Questions;
     int Cards = 0;
 };
-
-bool IsBlank(const std::string& text) { return text.empty() || text == " "; }
 
 std::string Numbered(const std::string& what, int number) { return what + " " + std::to_string(number); }
 
@@ -36,7 +35,7 @@ void CheckSide(RowReader& row, const std::string& side, Game& game, Findings& fi
     if (action < 0 || action > LastCardAction)
         findings.Warning(row.Place(), "there is no action " + std::to_string(action) +
                                           " for a card. Choose 1 to 11, or 0 for none.");
-    game.Orders.push_back({row.Place(), action, data1, true});
+    game.Orders.push_back({row.Place(), action, data1, 0, true});
 }
 
 void CheckNumber(int number, Deck& deck, const std::string& place, Findings& findings) {
@@ -45,24 +44,29 @@ void CheckNumber(int number, Deck& deck, const std::string& place, Findings& fin
                                     std::to_string(number) + ". Number them 1, 2, 3 and so on.");
 }
 
-void CheckAnswer(RowReader& row, const std::string& message, const Game& game, Findings& findings) {
-    const int right = row.Whole("CorrectAnswer");
-    std::array<std::string, 4> answers;
-    for (std::size_t i = 0; i < answers.size(); ++i)
-        answers[i] = row.Text("Answer" + std::to_string(i + 1), LongestText);
-    if (!row.Good()) return;
+DeckQuestions::Question ReadQuestion(RowReader& row) {
+    DeckQuestions::Question question{row.Text("Message", LongestText), {}, row.Whole("CorrectAnswer")};
+    for (std::size_t i = 0; i < question.Answers.size(); ++i)
+        question.Answers[i] = row.Text("Answer" + std::to_string(i + 1), LongestText);
+    return question;
+}
+
+void CheckAnswer(const DeckQuestions::Question& question, const std::string& message,
+                 const std::string& place, Findings& findings) {
+    const int right = question.Right;
     if (right < 0 || right > 3)
-        return findings.Warning(row.Place(),
-                                "no answer is right. \"CorrectAnswer\" is 0 to 3, and 0 is Answer1.");
-    if (right > 0 && IsBlank(answers[static_cast<std::size_t>(right)]))
-        findings.Warning(row.Place(),
-                         "the right answer is blank. Mend \"CorrectAnswer\", where 0 is Answer1.");
+        return findings.Warning(place, "no answer is right. \"CorrectAnswer\" is 0 to 3, and 0 is Answer1.");
+    if (right > 0 && IsBlank(question.Answers[static_cast<std::size_t>(right)]))
+        findings.Warning(place, "the right answer is blank. Mend \"CorrectAnswer\", where 0 is Answer1.");
     if (right > 0 && IsBlank(message))
-        findings.Warning(row.Place(),
+        findings.Warning(place,
                          "a computer player that answers right waits without end. Give the card a "
                          "\"CorrectMessage\".");
+}
+
+void CheckTries(const Game& game, const std::string& place, Findings& findings) {
     if (game.Settings.Number("Tries") < 1)
-        findings.Warning(row.Place(),
+        findings.Warning(place,
                          "a computer player that answers wrong waits without end. Let \"Tries\" in "
                          "the settings be 1 or more.");
 }
@@ -73,13 +77,15 @@ void CheckCard(RowReader& row, Deck& deck, Game& game, Findings& findings) {
         return findings.Warning(row.Place(), "the card belongs to " + Numbered("deck", deckId) +
                                                  " and is passed over. Move it, or mend \"DeckID\".");
     const int number = row.Whole("Index");
-    row.Text("Message", LongestText);
+    const DeckQuestions::Question question = ReadQuestion(row);
     const std::string message = row.Text("CorrectMessage", LongestText);
     row.Text("IncorrectMessage", LongestText);
     CheckSide(row, "Correct", game, findings);
     CheckSide(row, "Incorrect", game, findings);
-    CheckAnswer(row, message, game, findings);
     if (!row.Good()) return;
+    CheckAnswer(question, message, row.Place(), findings);
+    CheckTries(game, row.Place(), findings);
+    deck.Questions.Add(question, row.Place(), findings);
     ++deck.Cards;
     CheckNumber(number, deck, row.Place(), findings);
 }
@@ -99,10 +105,11 @@ void CheckCards(int number, const std::string& place, Game& game, Findings& find
     if (!EqualNoCase(file->Name, name))
         return findings.Error(place,
                               "the Player would take \"" + file->Name + "\" for " + name + ". Rename it.");
-    Deck deck{number, {}, 0};
+    Deck deck{number, {}, {}, 0};
     ReadRows(*file, CCards::Columns(), findings,
              [&](RowReader& row) { CheckCard(row, deck, game, findings); });
     CheckGaps(deck, file->Name, findings);
+    deck.Questions.CheckBalance(file->Name, findings);
     if (deck.Cards == 0)
         return findings.Error(file->Name, "no card can be read from it. Add cards to the deck.");
     game.Decks.push_back(number);

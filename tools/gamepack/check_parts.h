@@ -43,6 +43,7 @@ struct Order {
     std::string Place;
     int Action = 0;
     double Data1 = 0;
+    int Space = 0;  // that orders it
     bool OfCard = false;
 };
 
@@ -54,6 +55,9 @@ struct Game {
     std::vector<Order> Orders;
     std::vector<int> Decks;  // numbers of the decks that hold cards
     std::size_t Cards = 0;
+
+    /// The first at the end of the board wins, or all have to get there.
+    bool IsRace() const { return Settings.Number("Goal Type") == 2; }
 };
 
 /// Reads the settings, and reports what is wrong with them and with the files that they name.

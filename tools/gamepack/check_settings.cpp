@@ -171,9 +171,20 @@ const PackedFile* NamedFile(const Game& game, std::string_view setting, Findings
     return nullptr;
 }
 
+/// A clean-up takes pictures of these kinds alone.
+void CheckKind(const PackedFile& picture, Findings& findings) {
+    const std::string kind = std::filesystem::path(picture.Name).extension().string();
+    if (std::ranges::none_of(std::array{".jpg", ".bmp", ".gif"},
+                             [&](const char* known) { return EqualNoCase(kind, known); }))
+        findings.Warning(picture.Name,
+                         "the Player leaves such a file behind on the user's disk. Make it a .jpg, .bmp or "
+                         ".gif.");
+}
+
 void CheckPicture(const Game& game, std::string_view setting, Findings& findings) {
     const PackedFile* picture = NamedFile(game, setting, findings);
     if (!picture) return;
+    CheckKind(*picture, findings);
     try {
         SizeOfPicture(picture->Bytes);
     } catch (const Failure&) {

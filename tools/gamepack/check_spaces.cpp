@@ -1,5 +1,8 @@
+#include <algorithm>
+#include <map>
 #include <optional>
 #include <set>
+#include <vector>
 
 #include "content/CSpaces.h"
 #include "gamepack/check_parts.h"
@@ -26,6 +29,8 @@ struct Rectangle {
 struct Track {
     std::optional<PictureSize> Board;
     std::set<int> Seen;
+    std::vector<Rectangle> Places;
+    std::map<std::string, int> Sentences;  // and the space that says each first
     int Last = 0;
     std::string LastPlace;
 };
@@ -53,6 +58,46 @@ void CheckRectangle(const Rectangle& space, const PictureSize& board, const std:
         findings.Warning(place, "the space has no size. Give it a width and a height.");
 }
 
+bool Overlap(const Rectangle& a, const Rectangle& b) {
+    const auto meet = [](std::int64_t from, std::int64_t size, std::int64_t other, std::int64_t otherSize) {
+        return from < other + otherSize && other < from + size;
+    };
+    return meet(a.Left, a.Width, b.Left, b.Width) && meet(a.Top, a.Height, b.Top, b.Height);
+}
+
+void CheckOverlap(const Rectangle& space, Track& track, const std::string& place, Findings& findings) {
+    const auto other =
+        std::ranges::find_if(track.Places, [&](const Rectangle& each) { return Overlap(space, each); });
+    if (other != track.Places.end())
+        findings.Warning(place, "the space overlaps space " +
+                                    std::to_string(other - track.Places.begin() + 1) + ". Move one of them.");
+    track.Places.push_back(space);
+}
+
+/// Those of several words: "Oh!" may come as often as it likes.
+std::vector<std::string> Sentences(std::string_view message) {
+    std::vector<std::string> sentences;
+    while (!message.empty()) {
+        const std::size_t end = std::min(message.find_first_of(".!?"), message.size() - 1) + 1;
+        const std::size_t start = std::min(message.find_first_not_of(' '), end);
+        const std::string_view sentence = message.substr(start, end - start);
+        if (sentence.find(' ') != sentence.npos) sentences.emplace_back(sentence);
+        message.remove_prefix(end);
+    }
+    return sentences;
+}
+
+/// A race is a story, which goes from space to space; a ring comes by the same ones again and again.
+void CheckStory(const std::string& message, int space, Track& track, const std::string& place,
+                Findings& findings) {
+    for (const std::string& sentence : Sentences(message)) {
+        const auto [said, isNew] = track.Sentences.emplace(sentence, space);
+        if (!isNew && said->second != space)
+            return findings.Warning(place, "space " + std::to_string(said->second) + " says too: \"" +
+                                               sentence + "\" Find other words.");
+    }
+}
+
 void CheckNumber(int sequence, int row, Track& track, const std::string& place, Findings& findings) {
     if (!track.Seen.insert(sequence).second)
         findings.Warning(place, "there are several spaces " + std::to_string(sequence) +
@@ -67,23 +112,25 @@ void CheckSpace(RowReader& row, Game& game, Track& track, Findings& findings) {
     const int sequence = row.Whole("Sequence");
     const Rectangle place{row.Long("Left"), row.Long("Top"), row.Long("Width"), row.Long("Height")};
     const int action = row.Whole("ActionType");
-    row.Text("Message", LongestText);
+    const std::string message = row.Text("Message", LongestText);
     const double data1 = static_cast<double>(row.Single("Data1"));
     row.Whole("Data2");
     if (!row.Good()) return;
     ++game.Spaces;
     CheckNumber(sequence, game.Spaces, track, row.Place(), findings);
     if (track.Board) CheckRectangle(place, *track.Board, row.Place(), findings);
+    CheckOverlap(place, track, row.Place(), findings);
+    if (game.IsRace()) CheckStory(message, game.Spaces, track, row.Place(), findings);
     if (action < NoAction || action > LastAction)
         findings.Warning(row.Place(), "there is no action " + std::to_string(action) +
                                           ". Choose 0 to 12, or -1 for a space that does nothing.");
-    game.Orders.push_back({row.Place(), action, data1, false});
+    game.Orders.push_back({row.Place(), action, data1, sequence, false});
     track.Last = sequence;
     track.LastPlace = row.Place();
 }
 
 void CheckEnd(const Game& game, const Track& track, Findings& findings) {
-    const bool race = game.Settings.Number("Goal Type") == 2;
+    const bool race = game.IsRace();
     if (!race && game.Spaces == 1)
         findings.Warning(track.LastPlace,
                          "the first move never ends: a board for points needs two spaces or more.");
@@ -103,7 +150,7 @@ void CheckSpaces(Game& game, Findings& findings) {
                        "there is no such file, so the game is never listed. Add the board's spaces.");
         return;
     }
-    Track track{BoardSize(game), {}, 0, file->Name};
+    Track track{BoardSize(game), {}, {}, {}, 0, file->Name};
     ReadRows(*file, CSpaces::Columns(), findings,
              [&](RowReader& row) { CheckSpace(row, game, track, findings); });
     if (game.Spaces == 0)

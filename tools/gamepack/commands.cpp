@@ -1,7 +1,9 @@
 #include "gamepack/commands.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <filesystem>
+#include <functional>
 #include <iomanip>
 
 #include "gamepack/check.h"
@@ -59,24 +61,34 @@ int Check(const fs::path& target, std::ostream& out) {
     return findings.HasErrors() ? Unusable : Done;
 }
 
-int RunCommand(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
-    const std::string command = arguments.empty() ? "" : arguments[0];
-    const std::size_t operands = arguments.empty() ? 0 : arguments.size() - 1;
-    if (command == "pack" && operands == 2) return Pack(arguments[1], arguments[2], err);
-    if (command == "list" && operands == 1) return List(arguments[1], out);
-    if (command == "check" && operands == 1) return Check(arguments[1], out);
-    if (command == "--help" && operands == 0) return (out << Help, Done);
-    if (command == "--version" && operands == 0)
-        return (out << "tabulon-gamepack " TABULON_VERSION "\n", Done);
-    err << Help;
-    return WrongArguments;
+using Operands = std::vector<std::string>;
+
+void AddCommand(CLI::App& app, const char* name, int operands,
+                const std::function<void(const Operands&)>& run) {
+    CLI::App* command = app.add_subcommand(name);
+    const CLI::Option* given = command->add_option("operands")->expected(operands)->required();
+    command->callback([given, run] { run(given->results()); });
 }
 
 }  // namespace
 
 int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
+    int status = Done;
+    CLI::App app;
+    app.require_subcommand(1);
+    app.set_help_flag("--help");
+    app.set_version_flag("--version", "tabulon-gamepack " TABULON_VERSION);
+    app.formatter_fn([](const CLI::App*, const std::string&, CLI::AppFormatMode) { return Help; });
+    AddCommand(app, "pack", 2, [&](const Operands& given) { status = Pack(given[0], given[1], err); });
+    AddCommand(app, "list", 1, [&](const Operands& given) { status = List(given[0], out); });
+    AddCommand(app, "check", 1, [&](const Operands& given) { status = Check(given[0], out); });
     try {
-        return RunCommand(arguments, out, err);
+        app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+        return status;
+    } catch (const CLI::ParseError& error) {
+        if (error.get_exit_code() == 0 && arguments.size() == 1) return app.exit(error, out, err);
+        err << Help;
+        return WrongArguments;
     } catch (const std::exception& failure) {
         return Refuse(err, arguments.back(), failure.what());
     }

@@ -1,9 +1,11 @@
 #include "playtest/arguments.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
 #include <limits>
+#include <sstream>
 #include <thread>
 
 namespace tabulon::playtest {
@@ -13,109 +15,99 @@ namespace {
 constexpr std::uint64_t MostGames = 1'000'000'000;
 constexpr std::uint64_t MostJobs = 1024;
 
-std::uint64_t ToNumber(const std::string& option, const std::string& text, std::uint64_t least,
-                       std::uint64_t most) {
-    std::uint64_t number = 0;
-    const char* end = text.data() + text.size();
-    const auto read = std::from_chars(text.data(), end, number);
-    if (read.ec == std::errc() && read.ptr == end && number >= least && number <= most) return number;
-    throw WrongArguments(option + " takes a whole number from " + std::to_string(least) + " to " +
-                         std::to_string(most) + ", not \"" + text + "\"");
+constexpr const char* ExitStatusText =
+    "Exit status: 0 done, 1 the package or script cannot be used, 2 wrong arguments, 3 a scripted session\n"
+    "could not go on.";
+
+/// In decimal digits: the library itself would read "010" as 8.
+CLI::Validator WholeNumber(std::uint64_t least, std::uint64_t most) {
+    const auto check = [=](std::string& text) {
+        std::uint64_t number = 0;
+        const char* end = text.data() + text.size();
+        const auto read = std::from_chars(text.data(), end, number);
+        if (read.ec != std::errc() || read.ptr != end || number < least || number > most)
+            return "takes a whole number from " + std::to_string(least) + " to " + std::to_string(most) +
+                   ", not \"" + text + "\"";
+        text = std::to_string(number);
+        return std::string();
+    };
+    return {check, ""};
 }
 
-/// Walks the arguments of the statistics.
-class Reader {
-  public:
-    explicit Reader(std::span<const std::string> arguments) : m_rest(arguments) {}
+CLI::Validator FileName() {
+    return {[](std::string& text) { return std::string(text.empty() ? "needs the name of a file" : ""); },
+            ""};
+}
 
-    Arguments Read() {
-        m_read.What = Arguments::Task::Statistics;
-        m_read.Statistics.Jobs = std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
-        while (!m_rest.empty()) ReadOne(Next());
-        if (m_read.Statistics.Package.empty()) throw WrongArguments("no package is named");
-        return m_read;
-    }
+void AddNumbers(CLI::App& app, StatisticsSettings& settings) {
+    const auto add = [&app](const char* name, auto& number, const char* value, std::uint64_t least,
+                            std::uint64_t most, const char* meaning) {
+        app.add_option(name, number, meaning)->type_name(value)->transform(WholeNumber(least, most));
+    };
+    add("--games", settings.Games, "N", 1, MostGames, "how many games (1000)");
+    add("--seats", settings.Seats, "K", 1, MaxSeats, "computer players, 1 to 6 (4)");
+    add("--seed", settings.Seed, "S", 0, std::numeric_limits<std::uint64_t>::max(),
+        "the same seed gives the same games (1)");
+    add("--jobs", settings.Jobs, "J", 1, MostJobs, "threads (as many as there are cores)");
+    add("--max-turns", settings.MaxTurns, "T", 1, MostGames,
+        "a game that is not over by then is given up (10000)");
+}
 
-  private:
-    std::string Next() {
-        const std::string next = m_rest.front();
-        m_rest = m_rest.subspan(1);
-        return next;
-    }
-    std::string ValueOf(const std::string& option) {
-        if (m_rest.empty()) throw WrongArguments(option + " needs a value");
-        return Next();
-    }
-    template <class Number>
-    void Take(Number& number, const std::string& option, std::uint64_t least, std::uint64_t most) {
-        number = static_cast<Number>(ToNumber(option, ValueOf(option), least, most));
-    }
+void AddOptions(CLI::App& app, Arguments& read) {
+    app.option_defaults()->take_last();
+    app.set_help_flag("--help", "print this");
+    app.set_version_flag("--version", "tabulon-playtest " TABULON_VERSION)->description("print the version");
+    app.add_option("PACKAGE.gam", read.Statistics.Package,
+                   "computers play it many times; shows what came of that")
+        ->type_name("")
+        ->check(FileName());
+    AddNumbers(app, read.Statistics);
+    app.add_flag("--json", read.Json, "print one JSON object");
+    app.add_option("--report", read.Report, "write a page with charts too")
+        ->type_name("FILE.html")
+        ->check(FileName());
+    app.add_option("--script", read.Script, "instead of all that: play a written session, print its trace")
+        ->type_name("SCRIPT.json")
+        ->check(FileName());
+    app.footer(ExitStatusText);
+}
 
-    void ReadOne(const std::string& argument) {
-        StatisticsSettings& settings = m_read.Statistics;
-        if (argument == "--games") {
-            Take(settings.Games, argument, 1, MostGames);
-        } else if (argument == "--seats") {
-            Take(settings.Seats, argument, 1, MaxSeats);
-        } else if (argument == "--seed") {
-            Take(settings.Seed, argument, 0, std::numeric_limits<std::uint64_t>::max());
-        } else if (argument == "--jobs") {
-            Take(settings.Jobs, argument, 1, MostJobs);
-        } else if (argument == "--max-turns") {
-            Take(settings.MaxTurns, argument, 1, MostGames);
-        } else if (argument == "--report") {
-            m_read.Report = ValueOf(argument);
-            if (m_read.Report.empty()) throw WrongArguments("--report needs the name of a file");
-        } else if (argument == "--json") {
-            m_read.Json = true;
-        } else {
-            ReadPackage(argument);
-        }
+Arguments::Task TaskOf(const CLI::App& app, const Arguments& read) {
+    if (!read.Script.empty()) {
+        if (app.parse_order().size() > 1) throw WrongArguments("--script stands alone with its script");
+        return Arguments::Task::Script;
     }
+    if (read.Statistics.Package.empty()) throw WrongArguments("no package is named");
+    return Arguments::Task::Statistics;
+}
 
-    void ReadPackage(const std::string& argument) {
-        if (argument.empty() || argument.starts_with("-"))
-            throw WrongArguments("unknown argument \"" + argument + "\"");
-        if (!m_read.Statistics.Package.empty()) throw WrongArguments("more than one package is named");
-        m_read.Statistics.Package = argument;
-    }
-
-    std::span<const std::string> m_rest;
-    Arguments m_read;
-};
+std::string WhatIsWrong(const CLI::ParseError& error, const CLI::App& app) {
+    const std::string text = error.what();
+    if (dynamic_cast<const CLI::ArgumentMismatch*>(&error))
+        return text.substr(0, text.find(':')) + " needs a value";
+    if (!dynamic_cast<const CLI::ExtrasError*>(&error)) return text;
+    const std::string first = app.remaining().front();
+    return first.starts_with('-') ? "unknown argument \"" + first + "\"" : "more than one package is named";
+}
 
 }  // namespace
 
-const char* const HelpText =
-    "tabulon-playtest plays a package of the Tabulon Player without a window.\n"
-    "\n"
-    "  tabulon-playtest PACKAGE.gam [OPTIONS]   computers play many games; shows what came of them\n"
-    "  tabulon-playtest --script SCRIPT.json    plays a written session and prints its trace\n"
-    "  tabulon-playtest --help | --version\n"
-    "\n"
-    "  --games N            how many games (1000)\n"
-    "  --seats K            computer players, 1 to 6 (4)\n"
-    "  --seed S             the same seed gives the same games (1)\n"
-    "  --jobs J             threads (as many as there are cores)\n"
-    "  --max-turns T        a game that is not over by then is given up (10000)\n"
-    "  --json               prints one JSON object\n"
-    "  --report FILE.html   writes a page with charts too\n"
-    "\n"
-    "Exit status: 0 done, 1 the package or script cannot be used, 2 wrong arguments, 3 a scripted session\n"
-    "could not go on.\n";
-
 Arguments ParseArguments(std::span<const std::string> arguments) {
     Arguments read;
-    const std::string first = arguments.empty() ? "" : arguments.front();
-    if (first == "--help" || first == "--version") {
-        if (arguments.size() > 1) throw WrongArguments(first + " stands alone");
-        read.What = first == "--help" ? Arguments::Task::Help : Arguments::Task::Version;
-        return read;
+    read.Statistics.Jobs = std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
+    CLI::App app("Plays a package of the Tabulon Player without a window.", "tabulon-playtest");
+    AddOptions(app, read);
+    try {
+        app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+        read.What = TaskOf(app, read);
+    } catch (const CLI::Success& asked) {
+        if (arguments.size() > 1) throw WrongArguments("--help and --version stand alone");
+        std::ostringstream text;
+        app.exit(asked, text);
+        read.Text = text.str();
+    } catch (const CLI::ParseError& error) {
+        throw WrongArguments(WhatIsWrong(error, app));
     }
-    if (first != "--script") return Reader(arguments).Read();
-    if (arguments.size() != 2 || arguments[1].empty()) throw WrongArguments("--script takes one script");
-    read.What = Arguments::Task::Script;
-    read.Script = arguments[1];
     return read;
 }
 

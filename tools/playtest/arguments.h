@@ -16,9 +16,10 @@ class WrongArguments : public std::runtime_error {
 };
 
 struct Arguments {
-    enum class Task { Help, Version, Script, Statistics };
+    enum class Task { Tell, Script, Statistics };
 
-    Task What = Task::Help;
+    Task What = Task::Tell;
+    std::string Text;  // to tell: the help or the version
     std::filesystem::path Script;
     StatisticsSettings Statistics;
     bool Json = false;
@@ -27,7 +28,5 @@ struct Arguments {
 
 /// The arguments behind the program's name. Fails with WrongArguments.
 Arguments ParseArguments(std::span<const std::string> arguments);
-
-extern const char* const HelpText;
 
 }  // namespace tabulon::playtest

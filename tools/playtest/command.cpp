@@ -102,11 +102,8 @@ ExitStatus RunScript(const Arguments& arguments, const Console& console) {
 
 ExitStatus RunTask(const Arguments& arguments, const Console& console) {
     switch (arguments.What) {
-        case Arguments::Task::Help:
-            console.Out << HelpText;
-            return Done;
-        case Arguments::Task::Version:
-            console.Out << "tabulon-playtest " TABULON_VERSION "\n";
+        case Arguments::Task::Tell:
+            console.Out << arguments.Text;
             return Done;
         case Arguments::Task::Script:
             RemoveAbandonedFolders();

@@ -1,5 +1,6 @@
 #include "setup/options.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
 #include <string_view>
@@ -24,26 +25,48 @@ bool IsAddress(const std::string& text) { return IsMailAddress(text); }
 
 bool IsVerify(const std::string& text) { return text == "verify"; }
 
-void PrintHelp(const std::vector<ProductOption>& options) {
-    std::cout
-        << "tabulon-setup writes down what an installation of the Tabulon Player knows: its folders, "
-           "and the\n"
-           "games that came with it, which it installs. Games of others are installed in the Player.\n\n"
-           "  tabulon-setup [OPTIONS]\n"
-           "  tabulon-setup --help | --version\n\n";
-    for (const ProductOption& option : options) {
-        const std::string usage = std::string(option.Option) + " " + option.Value;
-        std::cout << "  " << usage << std::string(usage.size() < 28 ? 28 - usage.size() : 1, ' ')
-                  << option.Meaning << '\n';
-    }
-    std::cout << "\nA value may also follow its option behind an equals sign: --mail-tls=verify.\n"
-                 "An option with an empty value goes back to what the Player was built with.\n"
-                 "Exit status: 0 done, 1 something could not be written or installed, 2 wrong arguments.\n";
+void Take(ProductOption& option, const std::string& text) {
+    if (!text.empty() && !option.IsUsable(text))
+        throw CLI::ValidationError("\"" + text + "\" is no value for " + option.Option + " " + option.Value);
+    option.Given = text;
 }
 
-int Refuse(const std::string& message) {
-    std::cerr << "tabulon-setup: " << message << "; see tabulon-setup --help\n";
-    return WrongArguments;
+/// From the last to the first. The library takes "--name=" for an option without a value, so the empty value
+/// gets a place of its own.
+std::vector<std::string> ArgumentsBackward(int argc, char** argv) {
+    std::vector<std::string> backward;
+    for (int i = argc - 1; i > 0; --i) {
+        std::string argument = argv[i];
+        if (argument.starts_with("--") && argument.find('=') == argument.size() - 1) {
+            argument.pop_back();
+            backward.emplace_back();
+        }
+        backward.push_back(argument);
+    }
+    return backward;
+}
+
+void AddOptions(CLI::App& app, std::vector<ProductOption>& options) {
+    app.option_defaults()->take_last();
+    app.set_help_flag("--help", "print this");
+    app.set_version_flag("--version", "tabulon-setup " TABULON_VERSION)->description("print the version");
+    for (ProductOption& option : options)
+        app.add_option_function<std::string>(
+               option.Option, [&option](const std::string& text) { Take(option, text); }, option.Meaning)
+            ->type_name(option.Value);
+    app.footer(
+        "A value may also follow its option behind an equals sign: --mail-tls=verify.\n"
+        "An option with an empty value goes back to what the Player was built with.\n"
+        "Exit status: 0 done, 1 something could not be written or installed, 2 wrong arguments.");
+}
+
+std::string WhatIsWrong(const CLI::ParseError& error, const CLI::App& app) {
+    const std::string text = error.what();
+    if (dynamic_cast<const CLI::ExtrasError*>(&error))
+        return "there is no option \"" + app.remaining().front() + "\"";
+    if (dynamic_cast<const CLI::ArgumentMismatch*>(&error))
+        return text.substr(0, text.find(':')) + " needs a value";
+    return text;
 }
 
 }  // namespace
@@ -62,21 +85,21 @@ std::vector<ProductOption> ProductOptions() {
 }
 
 int ReadCommandLine(int argc, char** argv, std::vector<ProductOption>& options) {
-    for (int i = 1; i < argc; ++i) {
-        const std::string argument = argv[i];
-        if (argument == "--help") return PrintHelp(options), EndsWell;
-        if (argument == "--version") return std::cout << "tabulon-setup " TABULON_VERSION "\n", EndsWell;
-        const std::size_t equals = argument.find('=');
-        const std::string name = argument.substr(0, equals);
-        const auto option =
-            std::ranges::find_if(options, [&](const ProductOption& each) { return name == each.Option; });
-        if (option == options.end()) return Refuse("there is no option \"" + name + "\"");
-        if (equals == argument.npos && ++i == argc) return Refuse(name + " needs a value: " + option->Value);
-        option->Given = equals == argument.npos ? argv[i] : argument.substr(equals + 1);
-        if (!option->Given->empty() && !option->IsUsable(*option->Given))
-            return Refuse("\"" + *option->Given + "\" is no value for " + name + " " + option->Value);
+    CLI::App app(
+        "Writes down what an installation of the Tabulon Player knows: its folders, and the games that came\n"
+        "with it, which it installs. Games of others are installed in the Player.",
+        "tabulon-setup");
+    AddOptions(app, options);
+    try {
+        app.parse(ArgumentsBackward(argc, argv));
+        return 0;
+    } catch (const CLI::Success& asked) {
+        app.exit(asked);
+        return EndsWell;
+    } catch (const CLI::ParseError& error) {
+        std::cerr << "tabulon-setup: " << WhatIsWrong(error, app) << "; see tabulon-setup --help\n";
+        return WrongArguments;
     }
-    return 0;
 }
 
 }  // namespace tabulon
