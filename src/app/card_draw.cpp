@@ -1,6 +1,6 @@
 #include "app/card_draw.h"
 
-#include "app/action_types.h"
+#include "content/game_words.h"
 #include "content/required.h"
 
 namespace tabulon {

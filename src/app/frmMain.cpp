@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "board/board_reader.h"
+#include "content/game_words.h"
 #include "content/required.h"
 #include "diagnostics/product_settings.h"
 #include "platform/modBrowser.h"

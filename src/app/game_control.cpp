@@ -1,6 +1,7 @@
 #include "app/game_control.h"
 
 #include "board/piece_pictures.h"
+#include "content/game_words.h"
 #include "content/required.h"
 #include "platform/numbers.h"
 #include "platform/text.h"

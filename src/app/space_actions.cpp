@@ -1,6 +1,6 @@
 #include "app/space_actions.h"
 
-#include "app/action_types.h"
+#include "content/game_words.h"
 #include "content/required.h"
 #include "platform/numbers.h"
 
@@ -9,7 +9,6 @@ namespace tabulon {
 namespace {
 
 /// Of a space's Data1: as many spaces as were just rolled.
-constexpr float AsManyAsRolled = -1;
 
 /// The sound of each action code.
 constexpr const char* Sounds[] = {"",           "good_move",  "bad_move",  "",           "bad_move",

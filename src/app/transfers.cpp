@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "app/action_types.h"
+#include "content/game_words.h"
 #include "platform/numbers.h"
 #include "presentation/text_fitting.h"
 

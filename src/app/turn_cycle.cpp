@@ -1,5 +1,6 @@
 #include "app/turn_cycle.h"
 
+#include "content/game_words.h"
 #include "content/required.h"
 
 namespace tabulon {

@@ -1,13 +1,12 @@
 #include "board/board_reader.h"
 
+#include "content/game_words.h"
 #include "platform/numbers.h"
 #include "presentation/text_fitting.h"
 
 namespace tabulon {
 
 namespace {
-
-constexpr int FramesPerFace = 4;
 
 /// A seat's entry; the default where a game that begins or ends has none.
 template <class T>
@@ -35,7 +34,7 @@ std::string DescribeDice(MainForm& form) {
     int dice = 0;
     for (const Image& die : form.imgDice) {
         if (!die.Visible) continue;
-        faces += (++dice == 1 ? "" : " and ") + ToText((die.Picture.Number - 1) / FramesPerFace + 1);
+        faces += (++dice == 1 ? "" : " and ") + ToText(FaceOfFrame(die.Picture.Number));
     }
     return dice < 2 ? std::string() : " (" + faces + ")";
 }

@@ -1,13 +1,16 @@
 #include "board/modCharCategories.h"
 
+#include <algorithm>
+
+#include "content/game_words.h"
+
 namespace tabulon {
 
 CharCategory CharCatRange(std::string_view Collection) {
-    if (Collection == "Aliens") return {1, 12};
-    if (Collection == "Animals") return {13, 24};
-    if (Collection == "Objects") return {25, 36};
-    if (Collection == "Professions") return {37, 48};
-    return {0, 0};
+    const auto found = std::ranges::find(PieceCollections, Collection);
+    if (found == PieceCollections.end()) return {0, 0};
+    const int before = static_cast<int>(found - PieceCollections.begin()) * PiecesPerCollection;
+    return {before + 1, before + PiecesPerCollection};
 }
 
 }  // namespace tabulon

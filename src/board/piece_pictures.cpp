@@ -6,9 +6,6 @@ namespace tabulon {
 
 namespace {
 
-constexpr const char* Collections[] = {"Aliens", "Animals", "Objects", "Professions"};
-constexpr int PiecesPerCollection = 12;
-
 constexpr const char* Titles[PieceCount] = {
     "One-eyed alien",
     "Three-eyed alien",
@@ -69,8 +66,8 @@ int CheckedIndex(int index) {
 
 std::string PieceKey(int index) {
     const int place = CheckedIndex(index) - 1;
-    return "(" + std::string(Collections[place / PiecesPerCollection]) + ") " +
-           std::to_string(place % PiecesPerCollection + 1);
+    return "(" + std::string(PieceCollections.at(static_cast<std::size_t>(place / PiecesPerCollection))) +
+           ") " + std::to_string(place % PiecesPerCollection + 1);
 }
 
 Picture PieceByIndex(int index) { return Picture::Piece(CheckedIndex(index)); }

@@ -3,13 +3,14 @@
 #include <string>
 #include <string_view>
 
+#include "content/game_words.h"
 #include "forms/picture.h"
 
 namespace tabulon {
 
 /// The list of the playing pieces' pictures, with indices from 1. The key of a picture names its collection
 /// and its number there: "(Animals) 3".
-inline constexpr int PieceCount = 48;
+inline constexpr int PieceCount = static_cast<int>(PieceCollections.size()) * PiecesPerCollection;
 
 /// Fails with SubscriptOutOfRange for an index that is not in the list.
 std::string PieceKey(int index);

@@ -1,5 +1,6 @@
 #include "board/pieces.h"
 
+#include "content/game_words.h"
 #include "content/required.h"
 #include "platform/numbers.h"
 #include "presentation/text_fitting.h"

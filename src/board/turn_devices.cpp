@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "board/turn_device_images.h"
+#include "content/game_words.h"
 #include "content/required.h"
 #include "platform/numbers.h"
 
@@ -14,9 +15,6 @@ constexpr int FrameMilliseconds = 300;
 constexpr int ResultMilliseconds = 3000;
 constexpr int FewestRounds = 6;
 constexpr int GapBetweenDice = 20;  // pixels
-
-/// Four frames a face. The highest draw is frame 22, so a six comes half as often as any other face.
-int FaceOfFrame(int frame) { return (frame - 1) / 4 + 1; }
 
 }  // namespace
 
@@ -86,6 +84,7 @@ void TurnDevices::RollOnce(DieValues& values) {
     TurnDeviceImages images;
     for (int die = 0; die < Required(m_form.Game).DiceUsed.Value(); ++die) {
         int frame = 0;
+        // The highest draw is frame 22, so a six comes half as often as any other face.
         while (frame < 1) frame = m_g.Random.Draw(24, -1);
         images.SetDieFrame(m_form.imgDice[die], frame);
         m_g.TheScreen.PumpEvents();

@@ -5,7 +5,6 @@
 #include <memory>
 #include <tuple>
 
-#include "packages/limits.h"
 #include "platform/failure.h"
 #include "platform/files.h"
 

@@ -12,6 +12,13 @@
 
 namespace tabulon {
 
+/// A game with more cannot be loaded.
+namespace limits {
+inline constexpr std::size_t Decks = 500;
+/// In all decks together.
+inline constexpr std::size_t Cards = 50000;
+}  // namespace limits
+
 /// A deck of cards. Its picture is kept, and shown nowhere.
 struct CDeck {
     explicit CDeck(Globals& g) : Cards(g) {}

@@ -1,6 +1,6 @@
 #include "content/content_files.h"
 
-#include "packages/limits.h"
+#include "content/persisted_recordset.h"
 #include "platform/files.h"
 
 namespace tabulon {

@@ -9,7 +9,6 @@
 #include <numeric>
 #include <utility>
 
-#include "packages/limits.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
 #include "platform/text.h"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <pugixml.hpp>
@@ -10,6 +11,17 @@
 #include "platform/integer.h"
 
 namespace tabulon {
+
+/// A file beyond a limit cannot be read. Far above any real game, and small enough that no file can hang or
+/// exhaust the machine.
+namespace limits {
+inline constexpr std::size_t ContentFileBytes = 16U << 20;
+/// Elements inside one another.
+inline constexpr int ContentDepth = 32;
+inline constexpr std::ptrdiff_t ElementAttributes = 256;
+inline constexpr std::size_t Columns = 256;
+inline constexpr std::size_t Rows = 5000;
+}  // namespace limits
 
 /// A table that ADO saved as XML (persistence format of its rowsets): a schema with one s:AttributeType for
 /// each column, and rows under rs:data, those still pending under rs:insert and rs:update. Read only.

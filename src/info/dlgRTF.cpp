@@ -1,7 +1,6 @@
 #include "info/dlgRTF.h"
 
 #include "info/rich_text.h"
-#include "packages/limits.h"
 #include "platform/files.h"
 #include "platform/text.h"
 #include "presentation/modRepositioner.h"

@@ -7,6 +7,11 @@
 
 namespace tabulon {
 
+namespace limits {
+/// Of a help file, plain or rich text. A larger one is not shown.
+inline constexpr std::size_t HelpTextBytes = 4U << 20;
+}  // namespace limits
+
 /// True for what begins as rich text (RTF) does.
 bool IsRichText(std::string_view bytes);
 

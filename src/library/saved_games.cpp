@@ -1,3 +1,4 @@
+#include "content/game_words.h"
 #include "library/modSavedGames.h"
 #include "platform/numbers.h"
 #include "platform/settings_store.h"

@@ -6,7 +6,6 @@
 #include <system_error>
 #include <utility>
 
-#include "packages/limits.h"
 #include "packages/utf8_locale.h"
 #include "platform/failure.h"
 #include "platform/files.h"

@@ -14,6 +14,16 @@ struct archive;
 
 namespace tabulon {
 
+/// What is beyond a limit fails. Far above any real game, and small enough that no file can hang or exhaust
+/// the machine.
+namespace limits {
+inline constexpr std::size_t ArchiveEntries = 4096;
+/// One entry, unpacked.
+inline constexpr std::uint64_t EntryBytes = 64ULL << 20;
+/// All entries of an archive, unpacked.
+inline constexpr std::uint64_t ArchiveBytes = 512ULL << 20;
+}  // namespace limits
+
 /// The password of all packages and sound archives.
 inline constexpr const char* PackagePassword =
     "6B0E2D7F1C9A48A3B5D20F7E81C46A93E07D5CB2A1F34D6E9C8B1037F5A2E41D"

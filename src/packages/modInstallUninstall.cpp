@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <optional>
 
-#include "packages/limits.h"
 #include "packages/settings_lines.h"
 #include "platform/failure.h"
 #include "platform/files.h"

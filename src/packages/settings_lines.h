@@ -10,6 +10,11 @@
 
 namespace tabulon {
 
+namespace limits {
+/// Of a .dat file. A larger one fails.
+inline constexpr std::size_t SettingsBytes = 1U << 20;
+}  // namespace limits
+
 /// What a line of a game's .dat file sets: the line's exact beginning, and the value in the game's key.
 struct SettingsLine {
     std::string_view Beginning;

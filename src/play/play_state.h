@@ -55,16 +55,6 @@ struct PlayState : PlayerState {
     Integer PlayersInSpace(Integer sequence) const;
 };
 
-/// Meanings of Game.GoalType.
-namespace Goal {
-inline constexpr int Points = 0, Money = 1, EndOfBoard = 2;
-}
-
-/// Meanings of Game.TurnDevice, and the kinds of turn button.
-namespace Device {
-inline constexpr int Dice = 0, Slots = 1, None = 2, Pass = 3;
-}
-
 /// At most this many people and computers play.
 inline constexpr int MaxSeats = 6;
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "content/game_words.h"
 #include "support/play_fixture.h"
 
 namespace tabulon::test {

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "content/game_words.h"
 #include "support/play_fixture.h"
 
 namespace tabulon::test {
@@ -27,7 +28,8 @@ TEST(StartTest, GivesANewGame) {
     EXPECT_EQ(form.ActiveControl, &form.cmdRoll);
     EXPECT_EQ(form.lblGameName.Caption, "You're playing \"Cats && Dogs\"");
     EXPECT_EQ(form.Caption, "Tab Player v1.0.0");
-    EXPECT_EQ(table.TheScreen.Milliseconds(), 3000 + 3 * 50) << "the title page, and the silences of the music";
+    EXPECT_EQ(table.TheScreen.Milliseconds(), 3000 + 3 * 50)
+        << "the title page, and the silences of the music";
     EXPECT_EQ(form.imgPlayingPiece[1].Picture, form.imgCharacter[1].Picture);
     EXPECT_TRUE(form.imgPlayingPiece[1].Visible);
     EXPECT_FALSE(form.imgPlayingPiece[2].Visible || form.imgDice[0].Visible);

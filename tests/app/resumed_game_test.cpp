@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "content/game_words.h"
 #include "support/play_fixture.h"
 
 namespace tabulon::test {

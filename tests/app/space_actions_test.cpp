@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "app/action_types.h"
+#include "content/game_words.h"
 #include "support/play_fixture.h"
 
 namespace tabulon::test {

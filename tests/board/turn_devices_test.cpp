@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <numeric>
 
+#include "content/game_words.h"
 #include "support/play_fixture.h"
 
 namespace tabulon::test {

@@ -2,7 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include "packages/limits.h"
 #include "platform/failure_of.h"
 #include "platform/seeded_random.h"
 #include "platform/text.h"

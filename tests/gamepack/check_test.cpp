@@ -4,8 +4,11 @@
 #include <functional>
 #include <gmock/gmock.h>
 
+#include "content/CDecks.h"
+#include "content/persisted_recordset.h"
 #include "gamepack/game_folder.h"
-#include "packages/limits.h"
+#include "info/rich_text.h"
+#include "packages/settings_lines.h"
 
 namespace tabulon::gamepack {
 namespace {

@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include "packages/archive_writer.h"
-#include "packages/limits.h"
 #include "packages/zip_maker.h"
 #include "platform/failure_of.h"
 #include "platform/files.h"

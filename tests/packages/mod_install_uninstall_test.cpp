@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
-#include "packages/limits.h"
 #include "packages/modInstallUninstall.h"
+#include "packages/settings_lines.h"
 #include "packages/zip_maker.h"
 #include "platform/files.h"
 #include "platform/text.h"

@@ -2,6 +2,7 @@
 
 #include <sstream>
 
+#include "content/game_words.h"
 #include "robot/play_user.h"
 #include "support/test_machine.h"
 #include "support/zip_file.h"

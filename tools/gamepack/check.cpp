@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "content/game_words.h"
 #include "gamepack/check_parts.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
@@ -11,12 +12,6 @@
 namespace tabulon::gamepack {
 
 namespace {
-
-constexpr int DrawCard = 0, MoveForward = 1, MoveBack = 2, GoToSpace = 3, LosePoints = 5, GainPoints = 6,
-              PayEachPlayer = 7, CollectFromEach = 8, LoseTurns = 9, ExtraTurns = 10, RollDouble = 11,
-              RollNumber = 12;
-constexpr double AsRolled = -1;
-constexpr int HighestDie = 6;
 
 /// The operand as the Player counts with it; 0 after a report.
 int Operand(const Order& order, Findings& findings) {
@@ -29,30 +24,30 @@ int Operand(const Order& order, Findings& findings) {
 }
 
 std::int64_t HighestRoll(const Game& game) {
-    const bool slots = game.Settings.Number("Turn Device") == 1;
+    const bool slots = game.Settings.Number("Turn Device") == Device::Slots;
     return std::int64_t{game.Settings.Number("Dice Used")} *
-           (slots ? game.Settings.Number("Max Slot Value") : HighestDie);
+           (slots ? game.Settings.Number("Max Slot Value") : HighestFace);
 }
 
 /// Only a roll stops at the end of the board, and only a card's move at its start.
 void CheckEndOfRace(const Game& game, const Order& order, std::int64_t furthest, Findings& findings) {
     if (!game.IsRace() || game.Settings.Number("Loop Board") != 0 || order.OfCard) return;
-    if (order.Action == MoveForward && order.Space + furthest >= game.Spaces)
+    if (order.Action == atMoveForward && order.Space + furthest >= game.Spaces)
         findings.Warning(order.Place,
                          "the move goes to the last space, where only a roll ends the game, or round to the "
                          "start. Choose a smaller number.");
-    if (order.Action == MoveBack && order.Space - furthest < 1)
+    if (order.Action == atMoveBack && order.Space - furthest < 1)
         findings.Warning(order.Place, "the move goes round to the end. Choose a smaller number.");
 }
 
 void CheckMove(const Game& game, const Order& order, int amount, Findings& findings) {
-    const bool rolled = order.Data1 == AsRolled && (order.Action == MoveForward || order.OfCard);
+    const bool rolled = order.Data1 == AsManyAsRolled && (order.Action == atMoveForward || order.OfCard);
     CheckEndOfRace(game, order, rolled ? HighestRoll(game) : amount, findings);
     if (!rolled && (amount < 0 || amount > game.Spaces))
         findings.Warning(order.Place,
                          "the move leaves the board of " + std::to_string(game.Spaces) +
                              " spaces. Choose a smaller number" +
-                             (order.Action == MoveForward ? ", or -1 for the number rolled." : "."));
+                             (order.Action == atMoveForward ? ", or -1 for the number rolled." : "."));
 }
 
 void CheckTarget(const Game& game, const Order& order, int target, Findings& findings) {
@@ -68,7 +63,7 @@ void CheckDraw(const Game& game, const Order& order, int deck, Findings& finding
 }
 
 void CheckDouble(const Game& game, const Order& order, Findings& findings) {
-    if (game.Settings.Number("Dice Used") < 2 || game.Settings.Number("Turn Device") == 2)
+    if (game.Settings.Number("Dice Used") < 2 || game.Settings.Number("Turn Device") == Device::None)
         findings.Warning(order.Place,
                          "the player never moves again: there is no double with fewer than two dice.");
 }
@@ -86,42 +81,44 @@ void CheckTotal(const Game& game, const Order& order, int total, Findings& findi
 
 void CheckAmount(const Game& game, const Order& order, int amount, Findings& findings) {
     if (amount < 0) findings.Warning(order.Place, "the first operand is negative. Write how many.");
-    if (game.IsRace() && order.Action <= CollectFromEach)
+    if (game.IsRace() && order.Action <= atCollectFromEach)
         findings.Warning(order.Place, "nobody sees it: a race shows no points. Choose another action.");
-    if (order.OfCard && order.Action == ExtraTurns)
+    if (order.OfCard && order.Action == atExtraTurns)
         findings.Warning(order.Place,
                          "in a new game the turns go to the player before the one who draws the card. Choose "
                          "another action.");
 }
 
 void CheckOrder(const Game& game, const Order& order, Findings& findings) {
-    if (order.Action < DrawCard || order.Action > RollNumber) return;
+    if (order.Action < atDrawCard || order.Action > atRollNumber) return;
     const int operand = Operand(order, findings);
     switch (order.Action) {
-        case DrawCard:
+        case atDrawCard:
             return CheckDraw(game, order, operand, findings);
-        case MoveForward:
-        case MoveBack:
+        case atMoveForward:
+        case atMoveBack:
             return CheckMove(game, order, operand, findings);
-        case GoToSpace:
+        case atGoToSpace:
             return CheckTarget(game, order, operand, findings);
-        case LosePoints:
-        case GainPoints:
-        case PayEachPlayer:
-        case CollectFromEach:
-        case LoseTurns:
-        case ExtraTurns:
+        case atLosePoints:
+        case atGainPoints:
+        case atPayEachPlayer:
+        case atCollectFromEach:
+        case atLoseTurns:
+        case atExtraTurns:
             return CheckAmount(game, order, operand, findings);
-        case RollDouble:
+        case atRollDouble:
             return CheckDouble(game, order, findings);
-        case RollNumber:
+        case atRollNumber:
             return CheckTotal(game, order, operand, findings);
         default:
             return;
     }
 }
 
-bool GivesPoints(const Order& order) { return order.Action >= GainPoints && order.Action <= CollectFromEach; }
+bool GivesPoints(const Order& order) {
+    return order.Action >= atGainPoints && order.Action <= atCollectFromEach;
+}
 
 /// A file that nothing names is never unpacked.
 void CheckUse(const Game& game, Findings& findings) {

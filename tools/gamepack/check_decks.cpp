@@ -2,10 +2,10 @@
 
 #include "content/CCards.h"
 #include "content/CDecks.h"
+#include "content/game_words.h"
 #include "gamepack/check_parts.h"
 #include "gamepack/deck_questions.h"
 #include "gamepack/row_reader.h"
-#include "packages/limits.h"
 #include "platform/text.h"
 
 namespace tabulon::gamepack {
@@ -15,7 +15,6 @@ namespace {
 constexpr std::size_t LongestText = 254;
 constexpr std::size_t LongestName = 32;
 constexpr std::size_t LongestPath = 128;
-constexpr int LastCardAction = 12;
 
 /// The cards of one deck.
 struct Deck {
@@ -32,7 +31,7 @@ void CheckSide(RowReader& row, const std::string& side, Game& game, Findings& fi
     const double data1 = static_cast<double>(row.Single(side + "Data1"));
     row.Whole(side + "Data2");
     if (!row.Good()) return;
-    if (action < 0 || action > LastCardAction)
+    if (action < 0 || action > atRollNumber)
         findings.Warning(row.Place(), "there is no action " + std::to_string(action) +
                                           " for a card. Choose 1 to 11, or 0 for none.");
     game.Orders.push_back({row.Place(), action, data1, 0, true});

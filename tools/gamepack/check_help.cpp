@@ -8,7 +8,6 @@
 #include "gamepack/check_parts.h"
 #include "help/unpacking.h"
 #include "info/rich_text.h"
-#include "packages/limits.h"
 #include "platform/failure.h"
 
 namespace tabulon::gamepack {

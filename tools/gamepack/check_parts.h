@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "content/game_words.h"
 #include "gamepack/findings.h"
 #include "gamepack/package_files.h"
 
@@ -57,7 +58,7 @@ struct Game {
     std::size_t Cards = 0;
 
     /// The first at the end of the board wins, or all have to get there.
-    bool IsRace() const { return Settings.Number("Goal Type") == 2; }
+    bool IsRace() const { return Settings.Number("Goal Type") == Goal::EndOfBoard; }
 };
 
 /// Reads the settings, and reports what is wrong with them and with the files that they name.

@@ -2,9 +2,9 @@
 #include <array>
 #include <filesystem>
 
+#include "content/game_words.h"
 #include "gamepack/check_parts.h"
 #include "headless/picture_size.h"
-#include "packages/limits.h"
 #include "packages/modInstallUninstall.h"
 #include "packages/settings_lines.h"
 #include "platform/failure.h"
@@ -37,7 +37,6 @@ constexpr Range Ranges[] = {
 
 constexpr std::array<std::string_view, 8> Genres = {"",     "jazz",   "kids",  "orchestral",
                                                     "rock", "techno", "latin", "random"};
-constexpr std::array<std::string_view, 5> Categories = {"", "Aliens", "Animals", "Objects", "Professions"};
 
 void CheckKey(const Game& game, const std::string& key, Findings& findings) {
     const std::string& file = game.Settings.File;
@@ -114,7 +113,8 @@ void CheckWords(const Settings& settings, Findings& findings) {
             settings.Place("Music Genre"),
             "there is no such music, so the game stays silent. Write jazz, kids, orchestral, rock, "
             "techno, latin or random.");
-    if (std::ranges::find(Categories, settings.Text("Character Category")) == Categories.end())
+    const std::string category = settings.Text("Character Category");
+    if (!category.empty() && std::ranges::find(PieceCollections, category) == PieceCollections.end())
         findings.Warning(
             settings.Place("Character Category"),
             "there are no such pieces. Write Aliens, Animals, Objects or Professions, or nothing.");
@@ -127,17 +127,17 @@ void CheckWords(const Settings& settings, Findings& findings) {
 void CheckDevice(const Settings& settings, Findings& findings) {
     const std::int32_t device = settings.Number("Turn Device");
     const std::int32_t used = settings.Number("Dice Used");
-    if (device != 2 && used < 1)
+    if (device != Device::None && used < 1)
         findings.Warning(settings.Place("Dice Used"), "nobody can move. Use at least one die or reel.");
-    if (device == 1 && used == 6)
+    if (device == Device::Slots && used == 6)
         findings.Warning(settings.Place("Dice Used"),
                          "with six reels every spin ends in an error report. Use 5 or fewer.");
-    if (device == 1 && settings.Number("Max Slot Value") < 1)
+    if (device == Device::Slots && settings.Number("Max Slot Value") < 1)
         findings.Warning(settings.Place("Max Slot Value"), "the reels have no numbers. Choose 1 or more.");
 }
 
 void CheckGoal(const Settings& settings, Findings& findings) {
-    const bool race = settings.Number("Goal Type") == 2;
+    const bool race = settings.Number("Goal Type") == Goal::EndOfBoard;
     if (race && settings.Number("Loop Board") == 1)
         findings.Warning(settings.Place("Loop Board"),
                          "the game never ends: a board that goes round has no end to reach. Write 0, or let "

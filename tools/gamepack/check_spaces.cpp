@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "content/CSpaces.h"
+#include "content/game_words.h"
 #include "gamepack/check_parts.h"
 #include "gamepack/row_reader.h"
 #include "headless/picture_size.h"
@@ -16,7 +17,6 @@ namespace {
 
 constexpr std::size_t LongestText = 254;
 constexpr int NoAction = -1;
-constexpr int LastAction = 12;
 
 struct Rectangle {
     std::int32_t Left;
@@ -121,7 +121,7 @@ void CheckSpace(RowReader& row, Game& game, Track& track, Findings& findings) {
     if (track.Board) CheckRectangle(place, *track.Board, row.Place(), findings);
     CheckOverlap(place, track, row.Place(), findings);
     if (game.IsRace()) CheckStory(message, game.Spaces, track, row.Place(), findings);
-    if (action < NoAction || action > LastAction)
+    if (action < NoAction || action > atRollNumber)
         findings.Warning(row.Place(), "there is no action " + std::to_string(action) +
                                           ". Choose 0 to 12, or -1 for a space that does nothing.");
     game.Orders.push_back({row.Place(), action, data1, sequence, false});

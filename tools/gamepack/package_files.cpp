@@ -4,7 +4,6 @@
 #include <tuple>
 
 #include "packages/archive.h"
-#include "packages/limits.h"
 #include "platform/failure.h"
 #include "platform/files.h"
 #include "platform/text.h"

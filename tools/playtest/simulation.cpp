@@ -1,5 +1,6 @@
 #include "playtest/simulation.h"
 
+#include "content/game_words.h"
 #include "playtest/unusable.h"
 
 namespace tabulon::playtest {
