@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
+#include <vector>
 
 #include "forms/form.h"
 #include "qt/qt_screen.h"
@@ -87,7 +88,8 @@ class ScreenTest : public testing::Test {
     }
     /// The road of a real click: through the window, to what stands there.
     static void ClickThere(const Control& control) {
-        QTest::mouseClick(WindowOf(control.Parent)->windowHandle(), Qt::LeftButton, {}, PlaceInWindow(control));
+        QTest::mouseClick(WindowOf(control.Parent)->windowHandle(), Qt::LeftButton, {},
+                          PlaceInWindow(control));
     }
     static void Press(const Form& form, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QTest::keyClick(WindowOf(form)->windowHandle(), key, modifiers);
@@ -105,6 +107,24 @@ class ScreenTest : public testing::Test {
 
   private:
     QObject m_context;
+};
+
+/// With a second form to wait for, and a log of what was called.
+class WaitingTest : public ScreenTest {
+  protected:
+    std::function<void()> Log(const std::string& what) {
+        return [this, what] { log.push_back(what); };
+    }
+
+    /// Once it has served what waits.
+    static void HideSoon(TestForm& shown) {
+        shown.Timer1.Interval = 1;
+        shown.Timer1.Enabled = true;
+        shown.Timer1.Tick = [&shown] { shown.Hide(); };
+    }
+
+    TestForm dialog{screen, "dlgTest"};
+    std::vector<std::string> log;
 };
 
 }  // namespace tabulon

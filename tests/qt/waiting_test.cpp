@@ -1,9 +1,6 @@
 #include <QAbstractButton>
 #include <QElapsedTimer>
 #include <QMessageBox>
-#include <QMouseEvent>
-#include <QPointer>
-#include <QWindow>
 
 #include "qt/screen_test.h"
 
@@ -12,22 +9,7 @@ namespace {
 
 using testing::ElementsAre;
 
-class Waiting : public ScreenTest {
-  protected:
-    std::function<void()> Log(const std::string& what) {
-        return [this, what] { log.push_back(what); };
-    }
-
-    /// Once it has served what waits.
-    static void HideSoon(TestForm& shown) {
-        shown.Timer1.Interval = 1;
-        shown.Timer1.Enabled = true;
-        shown.Timer1.Tick = [&shown] { shown.Hide(); };
-    }
-
-    TestForm dialog{screen, "dlgTest"};
-    std::vector<std::string> log;
-};
+class Waiting : public WaitingTest {};
 
 TEST_F(Waiting, AModalFormHoldsItsCallerUntilItIsHidden) {
     form.cmdOk.Click = [this] {
@@ -136,30 +118,6 @@ TEST_F(Waiting, RunShowsAFailureThatNobodyTookAndGoesOn) {
     EXPECT_EQ(shown, "No <b>board</b>");
 }
 
-TEST_F(Waiting, SleepHoldsWhatComesForTheNextPump) {
-    const std::pair<const char*, void (*)(QWidget&)> ways[] = {
-        {"mouse", [](QWidget& button) { QTest::mouseClick(&button, Qt::LeftButton); }},
-        {"key", [](QWidget& button) { QTest::keyClick(&button, Qt::Key_Space); }},
-        {"screen reader", [](QWidget& button) { dynamic_cast<QAbstractButton&>(button).click(); }},
-    };
-    form.cmdOk.Click = Log("click");
-    Show(form);
-    for (const auto& [name, act] : ways) {
-        SCOPED_TRACE(name);
-        log.clear();
-        bool acted = false;
-        Soon([&, press = act] {
-            press(Find(form.cmdOk));
-            acted = true;
-        });
-        screen.Sleep(5);
-        EXPECT_TRUE(acted);
-        EXPECT_TRUE(log.empty());
-        screen.PumpEvents();
-        EXPECT_THAT(log, ElementsAre("click"));
-    }
-}
-
 TEST_F(Waiting, SleepShowsChangesAndTakesItsTime) {
     Show(form);
     form.cmdOk.Visible = false;
@@ -170,93 +128,6 @@ TEST_F(Waiting, SleepShowsChangesAndTakesItsTime) {
     EXPECT_TRUE(Find(form.cmdOk).isHidden());
 }
 
-TEST_F(Waiting, AHeldClickFindsTheButtonAsItIsThen) {
-    form.cmdOk.Click = Log("click");
-    Show(form);
-    Soon([this] { Click(form.cmdOk); });
-    screen.Sleep(1);
-    form.cmdOk.Enabled = false;
-    screen.PumpEvents();
-    EXPECT_TRUE(log.empty());
-}
-
-TEST_F(Waiting, OnlyWhatWasPressedWhereItCountsIsHeld) {
-    const struct {
-        const char* name;
-        bool enabled;
-        std::function<void(TestForm&)> press;
-        std::vector<std::string> heard;
-    } rows[] = {
-        {"click on an enabled button", true, [](auto& f) { ClickThere(f.cmdRoll); }, {"roll"}},
-        {"click on a disabled button", false, [](auto& f) { ClickThere(f.cmdRoll); }, {}},
-        {"Space on the focus", true, [](auto& f) { Press(f, Qt::Key_Space); }, {"roll"}},
-        {"Space without a focus", false, [](auto& f) { Press(f, Qt::Key_Space); }, {}},
-        {"twin", false, [](auto& f) { Press(f, Qt::Key_R, Qt::AltModifier); }, {"twin"}},
-        {"access key of a disabled button", false, [](auto& f) { Press(f, Qt::Key_S, Qt::AltModifier); }, {}},
-        {"close box", false, [](auto& f) { WindowOf(f)->close(); }, {"unload"}},
-    };
-    form.Frame = WindowFrame::FullScreen;
-    form.cmdFakeRoll.Caption = "&Roll";
-    form.cmdRoll.Caption = "&Spin";
-    form.cmdRoll.Click = Log("roll");
-    form.cmdFakeRoll.Click = Log("twin");
-    form.cmdOk.Click = Log("ok");
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        log.clear();
-        form.unloads = 0;
-        form.cmdRoll.Enabled = true;
-        Show(form);
-        form.cmdRoll.SetFocus();
-        screen.PumpEvents();
-        form.cmdRoll.Enabled = row.enabled;
-        screen.PumpEvents();
-        Soon([&] { row.press(form); });
-        screen.Sleep(5);
-        form.cmdRoll.Enabled = true;
-        form.cmdRoll.SetFocus();
-        screen.PumpEvents();
-        if (form.unloads > 0) log.emplace_back("unload");
-        EXPECT_EQ(log, row.heard);
-    }
-}
-
-TEST_F(Waiting, APressCountsAsWhatTheUserSawWhenItWasMade) {
-    form.cmdRoll.Enabled = false;
-    form.cmdRoll.Click = Log("roll");
-    Show(form);
-    const QPoint place = PlaceInWindow(form.cmdRoll);
-    for (const bool down : {true, false})
-        QCoreApplication::postEvent(
-            WindowOf(form)->windowHandle(),
-            new QMouseEvent(down ? QEvent::MouseButtonPress : QEvent::MouseButtonRelease, place,
-                            WindowOf(form)->mapToGlobal(place), Qt::LeftButton,
-                            down ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier));
-    form.cmdRoll.Enabled = true;
-    screen.PumpEvents();
-    EXPECT_TRUE(log.empty());
-}
-
-TEST_F(Waiting, AHeldPressIsLostWhenItsWindowCannotBeReachedAnyMore) {
-    form.KeyDown = [this](int, int) { return (log.push_back("key"), true); };
-    Show(form);
-    Soon([this] { Press(form, Qt::Key_O); });
-    screen.Sleep(5);
-    HideSoon(dialog);
-    dialog.ShowModal();
-    screen.PumpEvents();
-    EXPECT_TRUE(log.empty());
-}
-
-TEST_F(Waiting, NothingBehindAModalFormIsPressedByAScreenReader) {
-    form.cmdOk.Click = Log("click");
-    Show(form);
-    Soon([this] { Find<QAbstractButton>(form.cmdOk).click(); });
-    HideSoon(dialog);
-    dialog.ShowModal();
-    EXPECT_TRUE(log.empty());
-}
-
 TEST_F(Waiting, WhoWaitedIsNotGoneOnWithWhenTheProgramWasLeft) {
     Show(form);
     Soon([this] {
@@ -264,20 +135,6 @@ TEST_F(Waiting, WhoWaitedIsNotGoneOnWithWhenTheProgramWasLeft) {
         dialog.Unload();
     });
     EXPECT_THROW(dialog.ShowModal(), ProgramEnd);
-}
-
-TEST_F(Waiting, FlushedKeysAreForgottenClicksAreNot) {
-    form.KeyDown = [this](int, int) { return (log.push_back("key"), true); };
-    form.cmdOk.Click = Log("click");
-    Show(form);
-    Soon([this] {
-        Press(form, Qt::Key_O);
-        Click(form.cmdOk);
-    });
-    screen.Sleep(1);
-    screen.FlushKeys();
-    screen.PumpEvents();
-    EXPECT_THAT(log, ElementsAre("click"));
 }
 
 TEST_F(Waiting, TimersFireInPumpsAndWaitsOnly) {
@@ -335,38 +192,6 @@ TEST_F(Waiting, AFormMayUnloadItselfInAnyHandler) {
 }
 
 // An impatient second press unloads the form while the first one still runs its handler, and pumps.
-TEST_F(Waiting, AWindowOutlivesThePressesThatItDelivers) {
-    const std::pair<const char*, void (*)(TestForm&)> ways[] = {
-        {"key", [](TestForm& f) { Press(f, Qt::Key_O); }},
-        {"access key", [](TestForm& f) { Press(f, Qt::Key_R, Qt::AltModifier); }},
-        {"button", [](TestForm& f) { Click(f.cmdOk); }},
-        {"label", [](TestForm& f) { Click(f.lblName); }},
-    };
-    QPointer<QWidget> window;
-    int presses = 0;
-    std::function<void()> again;
-    const auto handler = [&] {
-        if (++presses > 1) return dialog.Unload();
-        Soon(again);
-        while (dialog.Loaded) screen.PumpEvents();
-        screen.PumpEvents();
-        EXPECT_TRUE(window) << "Qt has not done with it";
-    };
-    dialog.KeyDown = [&](int code, int) { return code == Key::O && (handler(), true); };
-    dialog.cmdFakeRoll.Caption = "&Roll";
-    dialog.cmdFakeRoll.Click = dialog.cmdOk.Click = dialog.lblName.Click = handler;
-    for (const auto& [name, press] : ways) {
-        SCOPED_TRACE(name);
-        presses = 0;
-        again = [&, press = press] { press(dialog); };
-        Show(dialog);
-        window = WindowOf(dialog);
-        Soon(again);
-        while (dialog.Loaded) screen.PumpEvents();
-        screen.PumpEvents();
-        EXPECT_FALSE(window);
-    }
-}
 
 TEST_F(Waiting, AMessageBoxAnswersWithTheButtonThatWasPressed) {
     const struct {
