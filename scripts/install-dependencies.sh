@@ -9,12 +9,13 @@ packages=(
     qt6-base-dev qt6-svg-dev libgl-dev
     libsdl2-mixer-dev libvorbis-dev
     librsvg2-bin imagemagick python3 python3-numpy vorbis-tools
+    libfluidsynth3 musescore-general-soundfont-small
     libchm-dev libxml2-dev fp-utils-3.2.2
     fonts-comic-neue fonts-quicksand fonts-dejavu-core fonts-droid-fallback fonts-noto-color-emoji
 )
 if [ "${1:-}" = "--test" ]; then
     packages+=(
-        libgtest-dev libgmock-dev libbenchmark-dev ccache
+        libgtest-dev libgmock-dev libbenchmark-dev libebur128-dev ccache
         xvfb xserver-xephyr x11-xserver-utils openbox xdotool dbus at-spi2-core python3-gi gir1.2-atspi-2.0
         libarchive-tools ziptool python3-aiosmtpd openssl
     )

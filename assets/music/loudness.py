@@ -1,8 +1,10 @@
 """Loudness as ITU-R BS.1770 defines it (gated, K-weighted), and a limiter."""
+from functools import lru_cache
+
 import numpy as np
 
-BLOCK_SECONDS = 0.4
 STEP_SECONDS = 0.1
+BLOCK_STEPS = 4
 ABSOLUTE_GATE = -70.0
 RELATIVE_GATE = -10.0
 SILENCE = -120.0
@@ -22,27 +24,41 @@ def _biquad(hertz, rate, gain, middle, quality, high_shelf):
     return (b[0] + b[1] * z + b[2] * z * z) / (a[0] + a[1] * z + a[2] * z * z)
 
 
-def weighted(stereo, rate):
-    count = stereo.shape[1]
-    size = 1 << int(count + rate // 2).bit_length()
+@lru_cache(maxsize=None)
+def _weights(size, rate, above):
     hertz = np.fft.rfftfreq(size, 1 / rate)
     response = _biquad(hertz, rate, 3.999843853973347, 1681.974450955533, 0.7071752369554196, True)
     response = response * _biquad(hertz, rate, 0.0, 38.13547087602444, 0.5003270373238773, False)
-    return np.fft.irfft(np.fft.rfft(stereo, size) * response, size)[:, :count]
+    return np.abs(response) ** 2 * (hertz >= above) * 2 / size ** 2
 
 
-def integrated(stereo, rate):
-    """In LUFS. A sound shorter than a block is one block."""
-    power = np.concatenate([[0.0], np.cumsum(np.sum(weighted(stereo, rate) ** 2, axis=0))])
-    count = stereo.shape[1]
-    block = min(int(BLOCK_SECONDS * rate), count)
-    starts = np.arange(0, count - block + 1, int(STEP_SECONDS * rate))
-    blocks = (power[starts + block] - power[starts]) / block
+def power(stereo, rate, above=0.0):
+    """The weighted power of each tenth of a second, of what is above a frequency alone; the last may be cut short."""
+    size = int(STEP_SECONDS * rate)
+    count = max(-(-stereo.shape[1] // size), BLOCK_STEPS)
+    padded = np.pad(stereo, ((0, 0), (0, count * size - stereo.shape[1])))
+    spectrum = np.fft.rfft(padded.reshape(2, count, size))
+    return np.einsum("sfh,sfh,h->f", spectrum.real, spectrum.real, _weights(size, rate, above)) + np.einsum(
+        "sfh,sfh,h->f", spectrum.imag, spectrum.imag, _weights(size, rate, above))
+
+
+def level(mean_power):
+    return -0.691 + 10 * np.log10(max(mean_power, 10 ** (SILENCE / 10)))
+
+
+def gated(steps):
+    """The loudness of tenths of a second in LUFS: blocks of four, without the silent ones."""
+    sums = np.concatenate([[0.0], np.cumsum(steps)])
+    blocks = (sums[BLOCK_STEPS:] - sums[:-BLOCK_STEPS]) / BLOCK_STEPS
     blocks = blocks[blocks > 10 ** ((ABSOLUTE_GATE + 0.691) / 10)]
     if not len(blocks):
         return SILENCE
-    blocks = blocks[blocks > np.mean(blocks) * 10 ** (RELATIVE_GATE / 10)]
-    return -0.691 + 10 * np.log10(np.mean(blocks))
+    return level(np.mean(blocks[blocks > np.mean(blocks) * 10 ** (RELATIVE_GATE / 10)]))
+
+
+def integrated(stereo, rate, above=0.0):
+    """In LUFS. A sound shorter than a block is one block."""
+    return gated(power(stereo, rate, above))
 
 
 def _lowest(values, width):

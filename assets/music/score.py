@@ -1,203 +1,196 @@
-"""Notes on a time line, and the time line as sound."""
-import re
+"""A genre's score as its text file tells it: players, grooves, and pieces of sections."""
+import pathlib
+import zlib
 
 import numpy as np
 
-from loudness import integrated, limited
-from synth import RATE, in_room, samples
-
-LOUDNESS = -18.0
-CEILING = 0.79  # 2 dB below full scale: what decoding adds stays below it
-STEPS = {"C": 0, "D": 2, "E": 4, "F": 5, "G": 7, "A": 9, "B": 11}
-QUALITIES = {
-    "": (0, 4, 7), "m": (0, 3, 7), "5": (0, 7), "6": (0, 4, 7, 9), "m6": (0, 3, 7, 9), "sus": (0, 5, 7),
-    "7": (0, 4, 7, 10), "maj7": (0, 4, 7, 11), "m7": (0, 3, 7, 10), "m7b5": (0, 3, 6, 10), "dim": (0, 3, 6, 9),
-    "aug": (0, 4, 8), "9": (4, 7, 10, 14), "m9": (3, 7, 10, 14), "maj9": (4, 7, 11, 14), "13": (4, 10, 14, 21),
-    "7b9": (4, 7, 10, 13), "add9": (0, 2, 4, 7),
-}
-ACCENTS = {"X": 1.0, "x": 0.72, "o": 0.42}
+from drums import Groove, beaten, beaten_rows
+from figures import FIGURES, Harmony, Task, harmonised, in_fifths, options, transposed, written
+from theory import Wrong, tones
 
 
-def pitch(name):
-    """C4 is 60."""
-    letter, sign, octave = re.fullmatch(r"([A-G])([#b]?)(-?\d)", name).groups()
-    return 12 * (int(octave) + 1) + STEPS[letter] + {"": 0, "#": 1, "b": -1}[sign]
+class Player:
+    """One instrument of the band: PROGRAM or BANK:PROGRAM of the sound font, or the name of a machine."""
+
+    def __init__(self, name, instrument, *words):
+        self.name, self.instrument = name, instrument
+        flags, known = options(words, level=0.0, pan=0.0, room=1.0, len=0.95, low=55, strum=0.0)
+        self.level, self.pan, self.room, self.length = known["level"], known["pan"], known["room"], known["len"]
+        self.low, self.strum = int(known["low"]), known["strum"]
+        self.leads, self.is_bass, self.is_drums = "lead" in flags, "bass" in flags, "drums" in flags
 
 
-def chord(name):
-    """The root's step and the intervals above it."""
-    letter, sign, quality = re.fullmatch(r"([A-G])([#b]?)(.*)", name).groups()
-    return (STEPS[letter] + {"": 0, "#": 1, "b": -1}[sign]) % 12, QUALITIES[quality]
-
-
-def voicing(name, low):
-    """The chord's notes in the octave that begins at `low`."""
-    root, intervals = chord(name)
-    return sorted(low + (root + interval - low) % 12 for interval in intervals)
-
-
-def changes(text, beats=4.0):
-    """Chords of one bar each; with "/" between, they share the bar: (name, beats)."""
-    for bar in text.split():
-        names = bar.split("/")
-        for name in names:
-            yield name, beats / len(names)
+class Section:
+    def __init__(self, name, like=None):
+        self.name = name
+        self.chords = list(like.chords) if like else []
+        self.parts = dict(like.parts) if like else {}
+        self.loud = like.loud if like else 1.0
 
 
 class Piece:
-    """A piece of so many beats. A loop goes back to its beginning: what still sounds then, sounds there."""
+    """Notes by player, in beats. `ends` are the beats at which its sections end."""
 
-    def __init__(self, bpm, beats, loop=True, swing=0.5, room=(1.2, 5000, 0.18), tail=1.0, seed=1):
-        self.bpm, self.beats, self.loop, self.swing, self.room = bpm, beats, loop, swing, room
-        self.count = samples(beats * 60 / bpm)
-        self.size = self.count + (samples(4.0) if loop else samples(tail))
-        self.dry = np.zeros((2, self.size))
-        self.wet = np.zeros((2, self.size))
-        self.random = np.random.default_rng(seed)
-        self.cache = {}
+    def __init__(self, genre, name, words):
+        flags, known = options(words, bpm=120, beats=4, swing=genre.swing, tail=1.0)
+        self.genre, self.name = genre, name
+        self.bpm, self.meter, self.swing, self.tail = known["bpm"], known["beats"], known["swing"], known["tail"]
+        self.loops = "once" not in flags
+        self.sections, self.form, self.notes, self.ends = {}, [], {}, []
+        self.random = np.random.default_rng(zlib.crc32(f"{genre.name} {name}".encode()))
 
-    def place(self, beat):
-        """The sample of a beat; the second half of each beat comes late in swing."""
+    def section(self):
+        return list(self.sections.values())[-1] if self.sections else self.sections.setdefault("A", Section("A"))
+
+    def seconds(self, beat):
+        """The second half of each beat comes late in swing."""
         whole, part = divmod(beat, 1.0)
         part = part * 2 * self.swing if part < 0.5 else self.swing + (part - 0.5) * 2 * (1 - self.swing)
-        return samples((whole + part) * 60 / self.bpm) if whole + part > 0 else 0
+        return (whole + part) * 60 / self.bpm
 
-    def add(self, sound, beat, gain, pan, echo):
-        start = max(self.place(beat) + int(self.random.normal(0, 60)), 0) if beat > 0 else 0
-        end = min(start + len(sound), self.size)
-        if end <= start:
-            return
-        angle = (pan + 1) * np.pi / 4
-        for side, level in ((0, np.cos(angle)), (1, np.sin(angle))):
-            part = sound[:end - start] * (gain * level)
-            self.dry[side, start:end] += part
-            self.wet[side, start:end] += part * echo
+    def assemble(self):
+        order = [self.sections[name] for name in self.form or self.sections]
+        bars = [chord for section in order for chord in section.chords or ["C"]]
+        self.harmony = Harmony(bars, self.meter)
+        self.beats, memory, start = len(bars) * self.meter, {}, 0.0
+        for number, section in enumerate(order):
+            end = start + max(len(section.chords), 1) * self.meter
+            self.play(section, number, start, end, memory)
+            self.ends.append(end)
+            start = end
+        check(self)
 
-    def sound(self, instrument, pitches, duration):
-        key = (instrument, tuple(pitches), round(duration, 4))
-        if key not in self.cache:
-            self.cache[key] = instrument(pitches, duration)
-        return self.cache[key]
+    def play(self, section, number, start, end, memory):
+        done = {}
+        for name, text in section.parts.items():
+            task = Task(self.genre.players[name], self.harmony, start, end, memory, self.random)
+            try:
+                done[name] = list(self.part(text, task, done, number))
+            except Wrong as wrong:
+                raise Wrong(f"section {section.name}, {name}: {wrong}") from None
+            self.notes.setdefault(name, []).extend(
+                note._replace(force=note.force * section.loud) for note in done[name])
 
-    def note(self, instrument, pitches, beat, beats, gain=1.0, pan=0.0, echo=1.0):
-        duration = (self.place(beat + beats) - self.place(beat)) / RATE
-        accent = 1 + self.random.normal(0, 0.06)
-        self.add(self.sound(instrument, pitches, duration), beat, gain * accent, pan, echo)
+    def part(self, text, task, done, number):
+        """One statement of a section: a figure, a groove, what another player plays, or a line."""
+        verb, *words = text.split()
+        if verb in FIGURES:
+            return FIGURES[verb](words, task)
+        if verb in self.genre.grooves:
+            return beaten(self.genre.grooves[verb], task, number)
+        if task.player.is_drums:
+            return beaten_rows(text, task)
+        if verb == "with":
+            return transposed(done[words[0]], int((words + ["0"])[1]))
+        if verb == "under":
+            return transposed(list(harmonised(done[words[0]], task)), int((words + ["0"])[1]))
+        if verb == "fifths":
+            return in_fifths(written(" ".join(words), task))
+        if verb[0] in "+-" and verb[1:].isdigit():
+            return transposed(list(written(" ".join(words), task)), int(verb))
+        return written(text, task)
 
-    def line(self, instrument, text, start=0.0, gain=1.0, pan=0.0, echo=1.0, shift=0, length=1.0):
-        """NOTE:BEATS …, a chord as C4+E4, a rest as "-"; without BEATS a note is as long as the one before."""
-        beat, beats = start, 1.0
-        for word in text.replace("|", " ").split():
-            names, colon, stated = word.partition(":")
-            beats = float(stated) if colon else beats
-            if names != "-":
-                pitches = [pitch(name) + shift for name in names.split("+")]
-                self.note(instrument, pitches, beat, beats * length, gain, pan, echo)
-            beat += beats
-        return beat
 
-    def comp(self, instrument, text, rhythm, low=55, beats=4.0, gain=1.0, pan=0.0, echo=1.0, start=0.0, hold=None):
-        """Chords in a rhythm of one bar: a letter for each step of it. Each rings to the next, or so many beats."""
-        step = beats / len(rhythm)
-        bar_at = start
-        for bar in text.split():
-            names = bar.split("/")
-            hits = [i for i, letter in enumerate(rhythm) if letter in ACCENTS]
-            for i, following in zip(hits, hits[1:] + [len(rhythm)]):
-                name = names[min(i * len(names) // len(rhythm), len(names) - 1)]
-                ring = hold if hold else (following - i) * step
-                self.note(instrument, voicing(name, low), bar_at + i * step, ring, gain * ACCENTS[rhythm[i]], pan,
-                          echo)
-            bar_at += beats
+def place(piece, beat):
+    return f"bar {int((beat + 1e-6) // piece.meter) + 1}, beat {beat % piece.meter + 1:g}"
 
-    def arpeggio(self, instrument, text, order, step, low=55, beats=4.0, gain=1.0, pan=0.0, echo=1.0, start=0.0,
-                 length=1.0):
-        """The notes of each chord one by one: `order` numbers them from 0, above the last an octave higher."""
-        beat = start
-        for name, duration in changes(text, beats):
-            notes = voicing(name, low)
-            for i in range(int(round(duration / step))):
-                if order[i % len(order)] != "-":
-                    octave, place = divmod(int(order[i % len(order)]), len(notes))
-                    self.note(instrument, [notes[place] + 12 * octave], beat + i * step, step * length, gain, pan,
-                              echo)
-            beat += duration
 
-    def bass(self, instrument, text, pattern, low=28, beats=4.0, gain=1.0, start=0.0, length=1.0, pan=0.0):
-        """A bass figure for each bar: steps of R (root), 3, 5, 7, 8 (octave), N (the next root), A (a semitone below it)."""
-        step = beats / len(pattern)
-        chords = list(changes(text, beats))
-        beat = start
-        at = []
-        for name, duration in chords:
-            at += [(name, beat + i * step) for i in range(int(round(duration / step)))]
-            beat += duration
-        for i, (name, when) in enumerate(at):
-            letter = pattern[i % len(pattern)]
-            if letter in ".-":
-                continue
-            ring = 1
-            while i + ring < len(at) and pattern[(i + ring) % len(pattern)] == "-":
-                ring += 1
-            following = at[(i + 1) % len(at)][0]
-            self.note(instrument, [self.bass_note(name, letter, following, low)], when, ring * step * length, gain, pan,
-                      0.3)
+def check(piece):
+    """No note sounds behind the end, and what the bass plays on strong beats is of the chord."""
+    for name, notes in piece.notes.items():
+        for note in notes:
+            if note.beat < 0 or note.beat + note.beats > piece.beats + 1e-6:
+                raise Wrong(f"{name}: {place(piece, note.beat)}: a note behind the end")
+        if piece.genre.players[name].is_bass and any(section.chords for section in piece.sections.values()):
+            check_bass(piece, name, notes)
 
-    @staticmethod
-    def bass_note(name, letter, following, low):
-        root, intervals = chord(name)
-        third = 3 if 3 in intervals else 5 if 5 in intervals else 4
-        fifth = 6 if 6 in intervals and 7 not in intervals else 8 if 8 in intervals else 7
-        seventh = 11 if 11 in intervals else 9 if 9 in intervals else 10
-        base = low + (root - low) % 12
-        if letter in "NA":
-            return low + (chord(following)[0] - low) % 12 - (letter == "A")
-        return base + {"R": 0, "3": third, "5": fifth, "7": seventh, "8": 12}[letter]
 
-    def walk(self, instrument, text, low=31, gain=1.0, beats=4.0):
-        """A walking bass: root first, a neighbour of the next root last, chord notes between."""
-        chords = list(changes(text, beats))
-        beat = 0.0
-        last = low + 7
-        for i, (name, duration) in enumerate(chords):
-            root, intervals = chord(name)
-            following = chord(chords[(i + 1) % len(chords)][0])[0]
-            steps = int(duration)
-            inner = [root + interval for interval in intervals[1:]]
-            walk = [root] + [inner[int(self.random.integers(len(inner)))] for _ in range(steps - 2)]
-            if steps > 1:
-                walk.append(following + int(self.random.choice([-1, 1])))
-            for step in walk:
-                near = [low + (step - low) % 12 + octave for octave in (0, 12)]
-                last = min(near, key=lambda key: abs(key - last) + (30 if key > low + 19 else 0))
-                self.note(instrument, [last], beat, 1.0, gain, 0.0, 0.3)
-                beat += 1.0
+def check_bass(piece, name, notes):
+    strong = piece.meter / 2 if piece.meter % 2 == 0 else piece.meter
+    for number in range(round(piece.beats / strong)):
+        beat = number * strong
+        sounding = [note for note in notes if note.beat <= beat + 1e-6 < note.beat + note.beats - 1e-3]
+        chord = piece.harmony.at(beat)
+        for note in sounding[-1:]:
+            if note.keys[0] % 12 not in tones(chord):
+                raise Wrong(f"{name}: {place(piece, beat)}: the bass is not of {chord}")
 
-    def drum(self, instrument, pattern, beats=4.0, gain=1.0, pan=0.0, echo=0.5, start=0.0, end=None):
-        """A rhythm, again and again up to the end: X strong, x, o soft; each letter a step of `beats`."""
-        step = beats / len(pattern)
-        beat = start
-        while beat < (self.beats if end is None else end) - 1e-6:
-            for i, letter in enumerate(pattern):
-                if letter in ACCENTS:
-                    self.note(instrument, (), beat + i * step, 1.0, gain * ACCENTS[letter], pan, echo)
-            beat += beats
 
-    def mixed(self):
-        length, brightness, amount = self.room
-        stereo = self.dry + in_room(self.wet, length, brightness) * amount
-        if self.loop:
-            stereo[:, :self.size - self.count] += stereo[:, self.count:]
-            return stereo[:, :self.count]
-        fade = min(samples(0.35), self.size)
-        stereo[:, -fade:] *= np.cos(np.linspace(0, np.pi / 2, fade)) ** 2
-        return stereo
+class Genre:
+    """A score file."""
 
-    def rendered(self):
-        """Left and right, as loud as all others and within the ceiling."""
-        stereo = self.mixed()
-        stereo = stereo - np.mean(stereo, axis=1, keepdims=True)
-        for _ in range(4):
-            stereo = stereo * 10 ** ((LOUDNESS - integrated(stereo, RATE)) / 20)
-            stereo = limited(stereo, RATE, CEILING, self.loop)
-        return stereo
+    def __init__(self, path):
+        self.name = pathlib.Path(path).stem
+        self.players, self.grooves, self.pieces, self.swing = {}, {}, {}, 0.5
+        self.room, self.duck = (1.0, 5000.0, 0.15), 0.0
+        self.piece = self.groove = None
+        for line in statements(pathlib.Path(path).read_text()):
+            self.read(line)
+        for piece in self.pieces.values():
+            try:
+                piece.assemble()
+            except Wrong as wrong:
+                raise Wrong(f"{self.name}, {piece.name}, {wrong}") from None
+
+    def read(self, line):
+        word, *words = line.split()
+        if hasattr(self, "read_" + word):
+            getattr(self, "read_" + word)(words)
+        elif self.groove is not None:
+            self.groove.add([word, *words])
+        elif self.piece and word in self.players:
+            self.piece.section().parts[word] = " ".join(words)
+        else:
+            raise Wrong(f"{self.name}: '{word}' is nobody here")
+        if words == ["rests"]:
+            del self.piece.section().parts[word]
+
+    def read_player(self, words):
+        self.players[words[0]] = Player(*words)
+
+    def read_swing(self, words):
+        self.swing = float(words[0])
+
+    def read_room(self, words):
+        self.room = tuple(float(word) for word in words)
+
+    def read_duck(self, words):
+        self.duck = float(words[0])
+
+    def read_groove(self, words):
+        self.groove = self.grooves[words[0]] = Groove()
+
+    def read_piece(self, words):
+        self.groove = None
+        self.piece = self.pieces[words[0]] = Piece(self, words[0], words[1:])
+
+    def read_form(self, words):
+        self.piece.form = words
+
+    def read_section(self, words):
+        """NAME, or NAME like OTHER: what the other has, but for what follows."""
+        like = self.piece.sections[words[2]] if words[1:2] == ["like"] else None
+        self.piece.sections[words[0]] = Section(words[0], like)
+
+    def read_chords(self, words):
+        chords = [word for word in words if word != "|"]
+        for i, name in enumerate(chords):
+            chords[i] = chords[i - 1] if name == "%" else name
+        self.piece.section().chords = chords
+
+    def read_loud(self, words):
+        self.piece.section().loud = float(words[0])
+
+
+def statements(text):
+    """The lines of a score; one that begins with "|" or is indented goes on with the one before, "#" is a remark."""
+    found = []
+    for line in text.splitlines():
+        line = line.rstrip()
+        if line.startswith("#"):
+            continue
+        if line[:1] in ("|", " ") and line:
+            found[-1] += " " + line.strip()
+        elif line:
+            found.append(line)
+    return found

@@ -1,9 +1,10 @@
-"""Sounds from numbers: tones, noise, filters, room. All is float arrays of RATE samples a second, one channel."""
+"""Sounds from numbers: tones, noise, filters, a room. All is float arrays of RATE samples a second, one channel."""
 from functools import lru_cache
 
 import numpy as np
 
-RATE = 44100
+from sampler import RATE
+
 TABLE = 2048
 HIGHEST = 15000.0
 
@@ -46,10 +47,6 @@ def tone(shape, hertz, count, vibrato=0.0, rate=5.2, delay=0.25, cents=0.0, phas
     index = place.astype(np.int32)
     wave = table(shape, partials)
     return wave[index] + (wave[index + 1] - wave[index]) * (place - index)
-
-
-def sine(hertz, count, phase=0.0):
-    return np.sin(2 * np.pi * (hertz * seconds(count) + phase))
 
 
 def sweep(start, end, fall, count):

@@ -52,6 +52,12 @@ void Configure(const Writer& writer, std::string& target) {
     Check(writer, archive_write_open(writer.get(), &target, nullptr, Append, nullptr) == ARCHIVE_OK);
 }
 
+/// A sound is compressed in itself, and is unpacked while somebody waits to hear it.
+int ChooseCompression(const Writer& writer, std::string_view name) {
+    return name.ends_with(".ogg") ? archive_write_zip_set_compression_store(writer.get())
+                                  : archive_write_zip_set_compression_deflate(writer.get());
+}
+
 void AddFile(const Writer& writer, const PackedFile& file) {
     const std::unique_ptr<archive_entry, EntryCloser> entry(archive_entry_new());
     archive_entry_set_pathname(entry.get(), file.Name.c_str());
@@ -59,6 +65,7 @@ void AddFile(const Writer& writer, const PackedFile& file) {
     archive_entry_set_filetype(entry.get(), AE_IFREG);
     archive_entry_set_perm(entry.get(), EntryMode);
     archive_entry_set_mtime(entry.get(), EntryDate, 0);
+    Check(writer, ChooseCompression(writer, file.Name) == ARCHIVE_OK);
     Check(writer, archive_write_header(writer.get(), entry.get()) == ARCHIVE_OK);
     const la_ssize_t written = archive_write_data(writer.get(), file.Bytes.data(), file.Bytes.size());
     Check(writer, written == static_cast<la_ssize_t>(file.Bytes.size()));

@@ -84,6 +84,14 @@ TEST_F(ArchiveTest, WhatIsUnpackedAheadCanBeStoppedAtAnyEntry) {
     }
 }
 
+TEST_F(ArchiveTest, OnlySoundsAreNotDeflated) {
+    constexpr std::size_t size = 200'000;
+    for (const auto& [name, stored] : {std::pair{"good_move.ogg", true}, {"cards.xml", false}}) {
+        WriteArchive(file, std::vector<PackedFile>{{"a.txt", "a"}, {name, std::string(size, 'x')}});
+        EXPECT_EQ(std::filesystem::file_size(file) > size, stored) << name;
+    }
+}
+
 TEST_F(ArchiveTest, AFailedWriteLeavesTheFormerFile) {
     WriteSmallGame();
     EXPECT_NE(FailureOf([&] { WriteArchive(folder / "no" / "such.gam", SmallGame()); }), 0);
