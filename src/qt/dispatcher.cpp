@@ -42,9 +42,9 @@ void Dispatcher::Deliver(std::function<void()> call) {
         Call(call);
 }
 
-void Dispatcher::FetchInput() {
+bool Dispatcher::FetchInput() {
     const Hold hold(*this);
-    QEventLoop().processEvents(QEventLoop::X11ExcludeTimers);
+    return QEventLoop().processEvents(QEventLoop::X11ExcludeTimers);
 }
 
 bool Dispatcher::DeliverHeld() {

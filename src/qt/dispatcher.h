@@ -33,8 +33,8 @@ class Dispatcher final : public QObject {
     /// True while the program is called, and so while Qt is delivering an event further down the stack.
     bool IsCalling() const { return m_calls > 0; }
     /// Fetches the input that waits in the window system, and holds it. So a press is judged by what the
-    /// user saw when he pressed: call it before changes are shown.
-    void FetchInput();
+    /// user saw when he pressed: call it before changes are shown. False when there was nothing.
+    bool FetchInput();
     /// Delivers what was held, in its order; false when there was nothing.
     bool DeliverHeld();
 

@@ -223,9 +223,9 @@ void QtScreen::WaitWhile(const std::function<bool()>& goesOn) {
 bool QtScreen::ServeOnce(QEventLoop::ProcessEventsFlags flags) {
     m_dispatcher.Rethrow();
     DeleteRetired();
-    m_dispatcher.FetchInput();
+    bool any = m_dispatcher.FetchInput();
     Sync();
-    bool any = m_dispatcher.DeliverHeld();
+    any = m_dispatcher.DeliverHeld() || any;
     any = FireDueTimers() || any;
     m_dispatcher.Rethrow();
     if (any) flags = QEventLoop::AllEvents;
